@@ -1,0 +1,13 @@
+# Warnings, sanitizers and the app folder that every target shares.
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
+include_directories(${CMAKE_SOURCE_DIR})
+
+if(SYSDIAGNOSE_SANITIZE)
+  add_compile_options(-fsanitize=${SYSDIAGNOSE_SANITIZE} -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${SYSDIAGNOSE_SANITIZE})
+endif()
+
+# The build tree holds one folder laid out as an installation.
+set(APP_DIR ${CMAKE_BINARY_DIR}/app)

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/os/export.h"
+
+namespace os {
+
+/// From now on the first interrupt (Ctrl-C) calls `handler`, which may only touch lock-free
+/// atomics; the second ends the program at once with `exitStatus`. For a program's main.
+UTIL_API void OnInterrupt(void (*handler)(), int exitStatus);
+
+/// Whether standard output is a terminal that a person watches.
+UTIL_API bool OutputIsTerminal();
+
+/// Ends the process at once: no destructor runs, no thread is waited for.
+[[noreturn]] UTIL_API void EndProcess(int exitStatus);
+
+}  // namespace os

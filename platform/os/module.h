@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "platform/os/export.h"
+
+// Loaded modules (shared libraries and the program itself).
+//
+// Libraries are named as on Windows, by file name without a folder; on Linux "Name.dll" stands for
+// "libName.so". All functions may be called from any thread, and from a library's own attach and
+// detach.
+namespace os {
+
+using ModuleHandle = void*;
+
+/// The handle of an already loaded library, or null. Does not keep it loaded.
+UTIL_API ModuleHandle FindLoadedModule(const char* name);
+
+/// Loads a library that lies beside the platform libraries, or the one at an absolute path; null
+/// when it cannot be loaded. Each success is to be balanced by FreeModule.
+UTIL_API ModuleHandle LoadModule(const std::filesystem::path& name);
+
+/// Gives back one LoadModule. Null is ignored.
+UTIL_API void FreeModule(ModuleHandle module);
+
+/// The exported procedure of that name, or null. A null module has no procedures.
+UTIL_API void* FindProcedure(ModuleHandle module, const char* name);
+
+/// The handle of the module that holds this address. Does not keep it loaded.
+UTIL_API ModuleHandle ModuleOfAddress(const void* address);
+
+/// The file of the module that holds this address; empty for the running program.
+UTIL_API std::string ModuleFileOfAddress(const void* address);
+
+}  // namespace os
