@@ -15,18 +15,21 @@ namespace common {
 std::string OneLine(std::string_view text);
 std::string OneLine(std::wstring_view text);
 
+/// What the exception being handled says of itself. Only inside a catch.
+std::string DescribeCurrentException();
+
 /// Tells the logging library's own error channel that a log statement failed. Never throws.
 void ReportLogFailure() noexcept;
 
 }  // namespace common
 
-#define COMMON_LOG(macro, logger, text)      \
-  do {                                       \
-    try {                                    \
+#define COMMON_LOG(macro, logger, text)       \
+  do {                                        \
+    try {                                     \
       macro(logger, ::common::OneLine(text)); \
-    } catch (...) {                          \
-      ::common::ReportLogFailure();          \
-    }                                        \
+    } catch (...) {                           \
+      ::common::ReportLogFailure();           \
+    }                                         \
   } while (false)
 
 #define COMMON_LOG_INFO(logger, text) COMMON_LOG(LOG4CXX_INFO, logger, text)

@@ -8,6 +8,9 @@
 
 namespace common {
 
+/// Largest text that is parsed, in bytes.
+inline constexpr std::size_t kMaxXmlSize = 1024 * 1024;
+
 using XmlElement = rapidxml::xml_node<char>;
 
 /// Text that is not the XML it should be: "<name>:<line>:<column>: <reason>".

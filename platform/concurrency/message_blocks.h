@@ -45,7 +45,7 @@ class UTIL_API Ticker {
   Ticker(unsigned periodMs, bool repeating, std::function<void()> tick, const void* owner);
   Ticker(const Ticker&) = delete;
   Ticker& operator=(const Ticker&) = delete;
-  ~Ticker() { Stop(); }
+  ~Ticker();
 
   void Start();
   void Stop();  // no tick runs or starts after it has returned
@@ -79,8 +79,9 @@ template <typename Value>
 class timer {
  public:
   timer(unsigned periodMs, Value value, ITarget<Value>* target, bool repeating)
-      : ticker(periodMs, repeating, [value = std::move(value), target] { target->send(value); },
-               os::AddressInCaller<timer>()) {}
+      : ticker(
+            periodMs, repeating, [value = std::move(value), target] { target->send(value); },
+            os::AddressInCaller<timer>()) {}
 
   void start() { ticker.Start(); }
   void stop() { ticker.Stop(); }

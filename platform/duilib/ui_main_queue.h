@@ -9,7 +9,8 @@
 namespace DuiLib {
 
 /// Closures for the UI thread, run in the order they came. What a closure throws is logged and does
-/// not disturb the next. A closure's module stays loaded until the closure has run and is destroyed.
+/// not disturb the next. A closure's module stays loaded until the closure has run and is
+/// destroyed.
 class DUILIB_API UIMainQueue {
  public:
   /// Any thread; returns at once.

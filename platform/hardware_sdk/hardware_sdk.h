@@ -17,8 +17,8 @@ class UTIL_API CCpu {
   std::wstring GetCpuManufacturer();
   std::uint32_t GetCpuCoreNumbers();
   std::uint32_t GetCpuCoreThreads();
-  std::uint32_t GetCpuExtClock();   // megahertz
-  std::uint32_t GetL1CacheSize();   // kilobytes, all cores together
+  std::uint32_t GetCpuExtClock();  // megahertz
+  std::uint32_t GetL1CacheSize();  // kilobytes, all cores together
   std::uint32_t GetL2CacheSize();
   std::uint32_t GetL3CacheSize();
 };

@@ -1,0 +1,103 @@
+#include "cli/arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <iostream>
+
+namespace cli {
+namespace {
+
+using orv::sysdiagnose::enmHardwareID;
+
+// By category id.
+constexpr auto kCategoryNames = std::to_array<std::string_view>(
+    {"audio", "motherboard", "bluetooth", "network", "processor", "memory", "disk", "graphics",
+     "display", "battery", "keyboard", "fingerprint"});
+static_assert(kCategoryNames.size() == orv::sysdiagnose::kHardwareIdCount);
+
+std::string AllNames() {
+  std::string names;
+  for (const std::string_view name : kCategoryNames)
+    names += (names.empty() ? "" : ", ") + std::string(name);
+  return names;
+}
+
+enmHardwareID ParseCategory(const std::string& text) {
+  const auto named = std::find(kCategoryNames.begin(), kCategoryNames.end(), text);
+  if (named != kCategoryNames.end())
+    return static_cast<enmHardwareID>(named - kCategoryNames.begin());
+  std::int32_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end || text.empty())
+    throw UsageError("unknown category \"" + text + "\"; give a number or one of " + AllNames());
+  return static_cast<enmHardwareID>(number);
+}
+
+// The first line alone: errors of the parser may have several.
+std::string FirstLine(const std::string& text) {
+  return text.substr(0, text.find('\n'));
+}
+
+}  // namespace
+
+bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
+  CLI::App app("Diagnoses the hardware of this machine.", "sysdiagnose");
+  app.set_version_flag("--version", SYSDIAGNOSE_VERSION);
+  app.add_option("--machine", arguments.machineFile,
+                 "Diagnose the machine that FILE describes instead of this one")
+      ->type_name("FILE");
+  app.add_option("--data-dir", arguments.dataFolder,
+                 "Folder for history, events and log (default: the user's data folder)")
+      ->type_name("DIR");
+  app.add_option("--app-dir", arguments.appFolder,
+                 "Installation folder whose config/ is read (default: that of this program)")
+      ->type_name("DIR");
+  app.add_option("--system-root", arguments.systemRoot,
+                 "Read /proc, /sys and the product version file below DIR")
+      ->type_name("DIR");
+  app.add_option("--lang", arguments.language, "Language of the texts: en-US, zh-CN, ids")
+      ->type_name("LANG");
+  app.add_flag("--json", arguments.json, "Print one JSON object per line");
+  app.add_flag("--capture", arguments.capture,
+               "Write every message that is posted to messages.jsonl in the data folder");
+  app.require_subcommand(1);
+  app.fallthrough();
+
+  std::vector<std::string> categories;
+  const auto command = [&](const char* name, const char* description, Command chosen) {
+    CLI::App* sub = app.add_subcommand(name, description);
+    sub->callback([&arguments, chosen] { arguments.command = chosen; });
+    return sub;
+  };
+  const std::string categoryHelp = "Numbers or names: " + AllNames();
+  command("list", "Offered categories with their devices", Command::List);
+  command("info", "Information sheets; of all offered categories if none is named", Command::Info)
+      ->add_option("category", categories, categoryHelp)
+      ->type_name("CATEGORY");
+  command("run", "Test categories in the order given; all offered ones if none is named",
+          Command::Run)
+      ->add_option("category", categories, categoryHelp)
+      ->type_name("CATEGORY");
+  command("history", "Latest run of each day, newest first", Command::History)
+      ->add_option("--count", arguments.historyCount, "Number of days at most")
+      ->type_name("N")
+      ->check(CLI::Range(1, 90))
+      ->capture_default_str();
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& help) {
+    app.exit(help);
+    return false;
+  } catch (const CLI::ParseError& error) {
+    throw UsageError(FirstLine(error.what()) + "; see sysdiagnose --help");
+  }
+  std::transform(categories.begin(), categories.end(), std::back_inserter(arguments.categories),
+                 &ParseCategory);
+  return true;
+}
+
+}  // namespace cli

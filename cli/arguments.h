@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "sysdiagnose/catalogue/hardware_id.h"
+
+namespace cli {
+
+enum class Command { List, Info, Run, History };
+
+struct Arguments {
+  std::filesystem::path machineFile;
+  std::filesystem::path dataFolder;
+  std::filesystem::path appFolder;
+  std::filesystem::path systemRoot;
+  std::string language;
+  bool json = false;
+  bool capture = false;
+  Command command = Command::List;
+  std::vector<orv::sysdiagnose::enmHardwareID> categories;  // none: all that are offered
+  int historyCount = 12;
+};
+
+/// What the user typed cannot be meant; the text says what is wrong, in one line.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Throws UsageError. Returns false when help or the version was asked for and printed.
+bool ParseArguments(int argc, const char* const* argv, Arguments& arguments);
+
+}  // namespace cli

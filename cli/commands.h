@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vector>
+
+#include "cli/arguments.h"
+
+namespace cli {
+
+enum ExitStatus {
+  kAllNormal = 0,
+  kSomethingAbnormal = 1,
+  kWrongUsage = 2,
+  kCancelled = 3,
+  kRunFailed = 4
+};
+
+// Each command prints to standard output and returns the exit status.
+int RunList(const Arguments& arguments);
+int RunInfo(const Arguments& arguments);
+int RunDiagnosis(const Arguments& arguments);
+int RunHistory(const Arguments& arguments);
+
+/// The categories named, or all offered ones in catalogue order.
+std::vector<orv::sysdiagnose::enmHardwareID> SelectedCategories(const Arguments& arguments);
+
+/// The caption of a category as people read it; its number when there is none.
+std::wstring CaptionOf(orv::sysdiagnose::enmHardwareID category);
+
+}  // namespace cli

@@ -1,0 +1,42 @@
+#include <cstdio>
+
+#include "cli/commands.h"
+#include "cli/json_line.h"
+#include "cli/terminal_text.h"
+#include "sysdiagnose/records/history_store.h"
+
+namespace cli {
+
+using namespace orv::sysdiagnose;
+
+namespace {
+
+void PrintText(const HistoryRecord& record) {
+  std::printf("%s  %2d normal  %2d abnormal", record.dateTime.c_str(), record.passCount,
+              record.failCount);
+  const char* separator = ": ";
+  for (std::size_t i = 0; i < record.results.size(); ++i) {
+    if (record.results[i] != kAbnormal) continue;
+    std::printf("%s%s", separator,
+                Coloured(Colour::Red, Printable(CaptionOf(kRecordOrder[i]))).c_str());
+    separator = ", ";
+  }
+  std::puts("");
+}
+
+}  // namespace
+
+int RunHistory(const Arguments& arguments) {
+  LoadDailyHistory(arguments.historyCount, [&](const std::vector<HistoryRecord>& records) {
+    for (const HistoryRecord& record : records) {
+      if (arguments.json)
+        JsonLine().AddCells(record);
+      else
+        PrintText(record);
+    }
+    if (records.empty() && !arguments.json) std::puts("No run in the last 90 days.");
+  });
+  return kAllNormal;
+}
+
+}  // namespace cli

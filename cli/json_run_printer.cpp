@@ -1,0 +1,60 @@
+#include "cli/json_line.h"
+#include "cli/run_printer.h"
+
+namespace cli {
+
+using namespace orv::sysdiagnose;
+
+namespace {
+
+std::int64_t Number(enmHardwareID category) {
+  return static_cast<std::int64_t>(category);
+}
+
+class JsonRunPrinter final : public RunPrinter {
+ public:
+  void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
+    JsonLine("itemStart")
+        .Add("category", Number(category))
+        .Add("caption", info.caption)
+        .Add("command", info.repairCommand)
+        .Add("failureText", info.repairFailureText);
+  }
+
+  void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail) override {
+    JsonLine("itemResult")
+        .Add("category", Number(category))
+        .Add("caption", detail.caption)
+        .Add("normal", detail.normal)
+        .Add("hint", detail.hint)
+        .Add("code", std::int64_t{detail.code});
+  }
+
+  void CategoryUnknown(enmHardwareID category, const std::wstring& text) override {
+    JsonLine("categoryUnknown").Add("category", Number(category)).Add("text", text);
+  }
+
+  void RepairOffer(enmHardwareID category, const tagRepairItemInfo& offer) override {
+    JsonLine("repairOffer").Add("category", Number(category)).Add("text", offer.text);
+  }
+
+  void Cancelled() override { JsonLine("cancelled"); }
+
+  void Finished(int abnormal, int firstAbnormal) override {
+    JsonLine("finished")
+        .Add("abnormal", std::int64_t{abnormal})
+        .Add("firstAbnormal", std::int64_t{firstAbnormal});
+  }
+
+  void Failed(const std::string& error) override { JsonLine("failed").Add("error", error); }
+
+  void Record(const RunRecord& record) override { JsonLine("record").AddCells(record); }
+};
+
+}  // namespace
+
+std::unique_ptr<RunPrinter> MakeJsonRunPrinter() {
+  return std::make_unique<JsonRunPrinter>();
+}
+
+}  // namespace cli

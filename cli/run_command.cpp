@@ -1,0 +1,67 @@
+#include <atomic>
+
+#include "cli/commands.h"
+#include "cli/run_printer.h"
+#include "platform/concurrency/task.h"
+#include "platform/os/interrupt.h"
+#include "sysdiagnose/catalogue/detect_catalogue.h"
+#include "sysdiagnose/engine/diagnose_engine.h"
+
+namespace cli {
+
+using namespace orv::sysdiagnose;
+
+namespace {
+
+std::atomic<DiagnoseEngine*> interruptible = nullptr;
+
+void CancelRun() {
+  if (DiagnoseEngine* engine = interruptible) engine->CancelDetect();
+}
+
+}  // namespace
+
+int RunDiagnosis(const Arguments& arguments) {
+  const std::vector<enmHardwareID> selection = SelectedCategories(arguments);
+  concurrency::wait_until_idle();  // the summary then carries the device texts
+
+  const std::unique_ptr<RunPrinter> printer =
+      arguments.json ? MakeJsonRunPrinter() : MakeTextRunPrinter(selection);
+  int status = kAllNormal;
+  DiagnoseEngine engine;
+  engine.BeginDetectRun(
+      selection,
+      [&](enmHardwareID category, tagHardwareDetectInfo& info) {
+        printer->ItemStart(category, info);
+      },
+      [&](enmHardwareID category, tagDetectItemDetail& detail) {
+        if (!detail.normal) status = kSomethingAbnormal;
+        printer->ItemResult(category, detail);
+      },
+      [&](enmHardwareID category, const std::wstring& text) {
+        printer->CategoryUnknown(category, text);
+      },
+      [&](int, enmHardwareID category, tagRepairItemInfo& offer) {
+        printer->RepairOffer(category, offer);
+      },
+      [&] {
+        status = kCancelled;
+        printer->Cancelled();
+      },
+      [&](int& abnormal, int& firstAbnormal) {
+        if (abnormal > 0) status = kSomethingAbnormal;
+        printer->Finished(abnormal, firstAbnormal);
+      },
+      [&](const std::string& error) {
+        status = kRunFailed;
+        printer->Failed(error);
+      });
+  interruptible = &engine;
+  os::OnInterrupt(&CancelRun, kCancelled);
+  engine.Wait();
+  interruptible = nullptr;
+  if (status != kRunFailed) printer->Record(engine.Record());
+  return status;
+}
+
+}  // namespace cli

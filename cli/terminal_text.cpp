@@ -1,0 +1,67 @@
+#include "cli/terminal_text.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "common/text.h"
+#include "platform/os/interrupt.h"
+
+namespace cli {
+namespace {
+
+struct Range {
+  char32_t first;
+  char32_t last;
+};
+
+// Blocks of characters that terminals draw two columns wide.
+constexpr auto kWide = std::to_array<Range>({{0x1100, 0x115F},
+                                             {0x2E80, 0x303E},
+                                             {0x3041, 0xA4CF},
+                                             {0xAC00, 0xD7A3},
+                                             {0xF900, 0xFAFF},
+                                             {0xFE30, 0xFE6F},
+                                             {0xFF00, 0xFF60},
+                                             {0xFFE0, 0xFFE6},
+                                             {0x20000, 0x3FFFD}});
+
+constexpr auto kEscapes =
+    std::to_array<std::string_view>({"\033[31m", "\033[32m", "\033[33m", "\033[90m", "\033[1m"});
+
+bool IsControl(wchar_t c) {
+  const auto code = static_cast<char32_t>(c);
+  return code < 0x20 || (code >= 0x7F && code < 0xA0) || code == 0x2028 || code == 0x2029 ||
+         (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+}
+
+}  // namespace
+
+std::string Printable(const std::wstring& text) {
+  std::wstring shown = text;
+  std::replace_if(shown.begin(), shown.end(), &IsControl, L'?');
+  return common::WideToUtf8(shown);
+}
+
+std::size_t Columns(const std::wstring& text) {
+  std::size_t columns = text.size();
+  for (const wchar_t wide : text) {
+    const auto c = static_cast<char32_t>(wide);
+    columns += std::any_of(kWide.begin(), kWide.end(),
+                           [c](const Range& range) { return c >= range.first && c <= range.last; });
+  }
+  return columns;
+}
+
+std::string Padded(const std::wstring& text, std::size_t columns) {
+  const std::size_t taken = Columns(text);
+  return Printable(text) + std::string(taken < columns ? columns - taken : 0, ' ');
+}
+
+std::string Coloured(Colour colour, const std::string& text) {
+  static const bool coloured = os::OutputIsTerminal();
+  if (!coloured || text.empty()) return text;
+  return std::string(kEscapes[static_cast<std::size_t>(colour)]) + text + "\033[0m";
+}
+
+}  // namespace cli

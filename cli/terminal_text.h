@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+// Text for people on a terminal, in UTF-8.
+namespace cli {
+
+/// The text with control characters as "?", so that no device name can drive the terminal.
+std::string Printable(const std::wstring& text);
+
+/// Columns that a printable text takes; East Asian wide characters take two.
+std::size_t Columns(const std::wstring& text);
+
+/// Printable, filled up with blanks to a number of columns.
+std::string Padded(const std::wstring& text, std::size_t columns);
+
+enum class Colour { Red, Green, Yellow, Grey, Bold };
+
+/// The text in a colour when standard output is a terminal, else as it is.
+std::string Coloured(Colour colour, const std::string& text);
+
+}  // namespace cli

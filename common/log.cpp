@@ -1,0 +1,51 @@
+#include "common/log.h"
+
+#include <log4cxx/helpers/loglog.h>
+
+#include <cstdint>
+#include <exception>
+
+#include "common/text.h"
+
+namespace common {
+
+std::string OneLine(std::wstring_view text) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string line;
+  line.reserve(text.size());
+  for (const wchar_t wide : text) {
+    const auto c = static_cast<std::uint32_t>(wide);
+    if (c >= 0x20 && c < 0x7F) {
+      line.push_back(static_cast<char>(c));
+      continue;
+    }
+    line += c > 0xFFFF ? "\\U" : "\\u";
+    for (int shift = c > 0xFFFF ? 28 : 12; shift >= 0; shift -= 4)
+      line.push_back(kDigits[(c >> shift) & 0xF]);
+  }
+  return line;
+}
+
+std::string OneLine(std::string_view text) {
+  return OneLine(Utf8ToWide(text));
+}
+
+std::string DescribeCurrentException() {
+  try {
+    throw;
+  } catch (const std::exception& error) {
+    return error.what();
+  } catch (...) {
+    return "an exception of unknown type";
+  }
+}
+
+void ReportLogFailure() noexcept {
+  try {
+    log4cxx::helpers::LogLog::error(LOG4CXX_STR("An log4cxx exception occurred."));
+  } catch (...) {
+    // Nobody is left to tell.
+  }
+}
+
+}  // namespace common

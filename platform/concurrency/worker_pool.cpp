@@ -1,0 +1,54 @@
+#include "platform/concurrency/worker_pool.h"
+
+#include <thread>
+#include <utility>
+
+namespace concurrency::detail {
+
+WorkerPool& WorkerPool::Instance() {
+  static WorkerPool& pool = *new WorkerPool;
+  return pool;
+}
+
+void WorkerPool::Post(Job job) {
+  const std::lock_guard lock(mutex);
+  if (jobs.size() >= free) {
+    std::thread([this] { Work(); }).detach();
+    ++free;
+  }
+  jobs.push_back(std::move(job));
+  ++unfinished;
+  posted.notify_one();
+}
+
+void WorkerPool::WaitUntilIdle() {
+  std::unique_lock lock(mutex);
+  finished.wait(lock, [this] { return unfinished == 0; });
+}
+
+void WorkerPool::Work() {
+  for (;;) {
+    std::unique_lock lock(mutex);
+    posted.wait(lock, [this] { return !jobs.empty(); });
+    Job job = std::move(jobs.front());
+    jobs.pop_front();
+    --free;
+    lock.unlock();
+    Run(job);
+  }
+}
+
+void WorkerPool::Run(Job& job) {
+  job.work();
+  job.work = nullptr;
+  {
+    // Free before the module may go: who waits for its end finds no thread missing.
+    const std::lock_guard lock(mutex);
+    ++free;
+  }
+  job.pin = os::ModulePin();
+  const std::lock_guard lock(mutex);
+  if (--unfinished == 0) finished.notify_all();
+}
+
+}  // namespace concurrency::detail

@@ -1,0 +1,41 @@
+#include "platform/os/interrupt.h"
+
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+
+namespace os {
+namespace {
+
+std::atomic<void (*)()> firstInterrupt = nullptr;
+std::atomic<int> secondExitStatus = 1;
+
+void Interrupted(int) {
+  if (void (*handler)() = firstInterrupt.exchange(nullptr); handler != nullptr)
+    handler();
+  else
+    std::_Exit(secondExitStatus);
+}
+
+}  // namespace
+
+void OnInterrupt(void (*handler)(), int exitStatus) {
+  firstInterrupt = handler;
+  secondExitStatus = exitStatus;
+  struct sigaction action {};
+  action.sa_handler = &Interrupted;
+  action.sa_flags = SA_RESTART;
+  sigaction(SIGINT, &action, nullptr);
+}
+
+bool OutputIsTerminal() {
+  return isatty(STDOUT_FILENO) == 1;
+}
+
+void EndProcess(int exitStatus) {
+  std::_Exit(exitStatus);
+}
+
+}  // namespace os

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "sysdiagnose/catalogue/hardware_id.h"
+#include "sysdiagnose/engine/run_callbacks.h"
+#include "sysdiagnose/engine/test_objects.h"
+
+namespace orv::sysdiagnose {
+
+/// Runs the test items of a category one after another and sends its report event. True when the
+/// category is normal; an id without a category runs nothing and is normal. What a library throws
+/// goes through.
+bool RunCategory(enmHardwareID category, TestObjects& objects, const CategoryCallbacks& callbacks);
+
+}  // namespace orv::sysdiagnose

@@ -1,0 +1,103 @@
+#include "sysdiagnose/records/history_store.h"
+
+#include <cstdio>
+#include <string>
+
+#include "platform/os/clock.h"
+#include "platform/util/data_manager.h"
+
+namespace orv::sysdiagnose {
+namespace {
+
+constexpr const char* kTable = "TABLE_HARDWARE_DIAGNOSE";
+constexpr std::size_t kCellCount = 17;
+constexpr std::int64_t kSecondsPerDay = 86400;
+constexpr int kDaysBack = 90;
+
+// The buffer that the formatted time texts fit in.
+using TextBuffer = std::array<char, 260>;
+
+std::int32_t ReadInteger(const linb::any& cell) {
+  return static_cast<std::int32_t>(linb::any_cast<std::int64_t>(cell));
+}
+
+HistoryRecord ReadRow(const DataManager::Row& row) {
+  HistoryRecord record;
+  std::size_t cell = 0;
+  for (std::int32_t& result : record.results) result = ReadInteger(row[cell++]);
+  record.passCount = ReadInteger(row[cell++]);
+  record.failCount = ReadInteger(row[cell++]);
+  record.date = linb::any_cast<const std::string&>(row[cell++]);
+  record.dateTime = linb::any_cast<const std::string&>(row[cell++]);
+  record.secondTime = ReadInteger(row[cell]);
+  return record;
+}
+
+DataManager::Row MakeRow(const RunRecord& record) {
+  DataManager::Row row(record.results.begin(), record.results.end());
+  row.insert(row.end(),
+             {record.passCount, record.failCount, record.date, record.dateTime, record.secondTime});
+  return row;
+}
+
+bool QueryFirst(const std::string& query, HistoryRecord& record) {
+  std::vector<DataManager::Row> rows;
+  DataManager::Instance().Get(query, RETURN_ORDER_DEFAULT, rows);
+  if (rows.empty() || rows.front().size() < kCellCount) return false;
+  record = ReadRow(rows.front());
+  return true;
+}
+
+}  // namespace
+
+void SaveHistoryRecord(RunRecord& record) {
+  const os::LocalTime now = os::CurrentClock().Local();
+  TextBuffer text{};
+  std::snprintf(text.data(), text.size(), "%4d.%02d.%02d.%02d.%02d.%02d", now.year, now.month,
+                now.day, now.hour, now.minute, now.second);
+  record.dateTime = text.data();
+  std::snprintf(text.data(), text.size(), "%4d.%02d.%02d", now.year, now.month, now.day);
+  record.date = text.data();
+  record.secondTime = os::CurrentClock().SecondsSinceEpoch();
+  DataManager::Instance().Put(kTable, MakeRow(record));
+}
+
+bool QueryLatestRecordInRange(HistoryRecord& record, std::int32_t before, std::int32_t notBefore) {
+  return QueryFirst(
+      "select * from TABLE_HARDWARE_DIAGNOSE where SecondTime=(select "
+      "Max(SecondTime) from TABLE_HARDWARE_DIAGNOSE where SecondTime<" +
+          std::to_string(before) + " and SecondTime>=" + std::to_string(notBefore) + ")",
+      record);
+}
+
+bool QueryRecordBySecondTime(HistoryRecord& record, std::int32_t secondTime) {
+  return QueryFirst(
+      "select * from TABLE_HARDWARE_DIAGNOSE where SecondTime=" + std::to_string(secondTime),
+      record);
+}
+
+void LoadDailyHistory(int maxCount,
+                      const std::function<void(const std::vector<HistoryRecord>&)>& loaded) {
+  const std::int64_t now = os::CurrentClock().SecondsSinceEpoch();
+  const os::LocalTime local = os::CurrentClock().Local();
+  const std::int64_t sinceMidnight = local.hour * 3600 + local.minute * 60 + local.second;
+  auto dayEnd = static_cast<std::int32_t>(now - sinceMidnight + kSecondsPerDay);
+
+  std::vector<HistoryRecord> records;
+  for (int day = 0; day < kDaysBack && static_cast<int>(records.size()) < maxCount; ++day) {
+    const auto dayStart = static_cast<std::int32_t>(dayEnd - kSecondsPerDay);
+    HistoryRecord record;
+    if (QueryLatestRecordInRange(record, dayEnd, dayStart)) records.push_back(std::move(record));
+    dayEnd = dayStart;
+  }
+  loaded(records);
+}
+
+void LoadHistoryRecord(std::int32_t secondTime,
+                       const std::function<void(bool, const HistoryRecord&)>& loaded) {
+  HistoryRecord record;
+  const bool found = QueryRecordBySecondTime(record, secondTime);
+  loaded(found, record);
+}
+
+}  // namespace orv::sysdiagnose

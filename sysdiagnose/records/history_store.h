@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "sysdiagnose/records/history_record.h"
+
+// The history of runs in the data store. Any thread.
+namespace orv::sysdiagnose {
+
+/// Stamps the record with the time and appends it. The store's answer is not looked at: a failed
+/// write loses the row.
+void SaveHistoryRecord(RunRecord& record);
+
+/// The latest run with notBefore <= secondTime < before. False, with `record` untouched, when there
+/// is none. Throws linb::bad_any_cast for a row with a cell of another type.
+bool QueryLatestRecordInRange(HistoryRecord& record, std::int32_t before, std::int32_t notBefore);
+
+/// The run stored in that second. Otherwise as QueryLatestRecordInRange.
+bool QueryRecordBySecondTime(HistoryRecord& record, std::int32_t secondTime);
+
+/// Hands out the latest run of each local day, newest day first: at most `maxCount`, and none from
+/// more than 90 days back.
+void LoadDailyHistory(int maxCount,
+                      const std::function<void(const std::vector<HistoryRecord>&)>& loaded);
+
+/// Hands out whether there is a run of that second, and the run, or a record of zeros.
+void LoadHistoryRecord(std::int32_t secondTime,
+                       const std::function<void(bool, const HistoryRecord&)>& loaded);
+
+}  // namespace orv::sysdiagnose
