@@ -52,8 +52,8 @@ std::uint64_t Inventory::Number(InfoCall call, int index) const {
 
 const InfoValue* Inventory::Find(InfoCall call, int index) const {
   const auto& values = answers[static_cast<std::size_t>(call)];
-  if (index < 0 || static_cast<std::size_t>(index) >= values.size()) return nullptr;
-  return &values[static_cast<std::size_t>(index)];
+  const auto place = static_cast<std::size_t>(index);  // a negative index is beyond any size
+  return place < values.size() ? &values[place] : nullptr;
 }
 
 }  // namespace machine

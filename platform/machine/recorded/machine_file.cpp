@@ -6,7 +6,7 @@
 namespace machine {
 namespace {
 
-constexpr std::size_t kMaxBytes = 4 * 1024 * 1024;
+constexpr std::size_t kMaxBytes = std::size_t{4} << 20;
 
 void ReadShelf(const JsonNode& section, Recording& recording) {
   std::vector<std::string>& keys = recording.shelf.emplace();
