@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
+#include <utility>
 
 #include "platform/hardware_detect/detector.h"
 
@@ -111,6 +113,11 @@ class UTIL_API CDiskFaultDetect : public Detector {
                                     tagHHD_DISK_SMART_INFO& flags, int& reserved);
   std::uint32_t CheckSsdSmartResult(const std::wstring& firmwareRevision,
                                     tagSSD_DISK_SMART_INFO& flags, int& reserved);
+
+ private:
+  machine::TestAnswer AskDisk(machine::TestCall call, const std::wstring& firmwareRevision);
+
+  std::map<std::pair<machine::TestCall, std::wstring>, std::size_t> turns;  // calls made so far
 };
 
 }  // namespace HardwareDetect

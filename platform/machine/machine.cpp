@@ -1,0 +1,25 @@
+#include "platform/machine/machine.h"
+
+#include <atomic>
+
+namespace machine {
+namespace {
+
+std::atomic<Machine*>& Chosen() {
+  static std::atomic<Machine*>& chosen = *new std::atomic<Machine*>(nullptr);
+  return chosen;
+}
+
+}  // namespace
+
+Machine& Current() {
+  if (Machine* chosen = Chosen().load()) return *chosen;
+  static Machine& live = *MakeLiveMachine().release();
+  return live;
+}
+
+void SetCurrent(std::unique_ptr<Machine> machine) {
+  delete Chosen().exchange(machine.release());
+}
+
+}  // namespace machine
