@@ -12,6 +12,7 @@
 #include <string>
 
 #include "platform/os/path_text.h"
+#include "platform/os/utf8_locale.h"
 
 namespace util {
 namespace {
@@ -38,6 +39,7 @@ void StartLogFile(const std::filesystem::path& folder) {
   appender->setFile(LogText(file));
   appender->setAppend(true);
   appender->setEncoding(LOG4CXX_STR("UTF-8"));
+  const os::Utf8Locale utf8FileNames;
   log4cxx::helpers::Pool pool;
   appender->activateOptions(pool);
 
