@@ -57,6 +57,7 @@ TEST_F(EventDataReportTest, LinesOfSeveralThreadsDoNotMix) {
   constexpr int kThreads = 4;
   constexpr int kEvents = 100;
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int i = 0; i < kThreads; ++i)
     threads.emplace_back([i] {
       for (int event = 0; event < kEvents; ++event)

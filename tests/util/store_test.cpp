@@ -35,7 +35,7 @@ class StoreTest : public testing::Test {
 
 TEST_F(StoreTest, GivesRowsBackByCellAndByColumnNameAndKeepsThemWhenReopened) {
   Store::Row row = HistoryRow(5'000'000'000);
-  row[14] = std::string("d\u00e9j\u00e0 \0 vu", 12);
+  row[14] = std::string("d\u00e9j\u00e0 \0 vu", 11);
   store.Put(kHistoryTable, row);
   store.Put(kHistoryTable, HistoryRow(5'000'000'000));
   store.Put(kHistoryTable, HistoryRow(7));
@@ -131,7 +131,6 @@ TEST(DataManager, AnswersFalseWithOneErrorLineUntilTheStoreCanBeUsed) {
   EXPECT_TRUE(manager.Put(kHistoryTable, HistoryRow(1)));
   EXPECT_TRUE(manager.Get("SELECT * FROM TABLE_HARDWARE_DIAGNOSE", RETURN_ORDER_DEFAULT, rows));
   EXPECT_EQ(rows.size(), 1u);
-
 
   EXPECT_EQ(SQLite::Database(file.string()).execAndGet("PRAGMA journal_mode").getString(), "wal");
 }
