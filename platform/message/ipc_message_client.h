@@ -12,15 +12,19 @@
 namespace message {
 struct ClientState;
 using Handler = std::function<void(const tagIPC_MESSAGE_ITEM&)>;
+
+/// Waits until every message that this process has posted so far is delivered. Returns at once on
+/// the delivery thread. For a program's end and for tests.
+UTIL_API void WaitUntilDelivered();
 }  // namespace message
 
 /// One module's end of the message channel.
 ///
 /// A message reaches the client whose module id is its target, or every client subscribed to the
-/// group that is its target. Handlers run one at a time on the library's delivery thread, in the
-/// order a sender posted; what a handler throws is logged there. A handler's module stays loaded
-/// while the handler runs, not while it is registered. All functions may be called from any thread,
-/// also from a handler.
+/// group that is its target; never the client that posted it. Handlers run one at a time on the
+/// library's delivery thread, in the order a sender posted; what a handler throws is logged there.
+/// A handler's module stays loaded while the handler runs, not while it is registered. All
+/// functions may be called from any thread, also from a handler.
 class UTIL_API CIPCMessageClient {
  public:
   /// `reserved` belongs to the contract and is not used here.
@@ -32,7 +36,10 @@ class UTIL_API CIPCMessageClient {
   CIPCMessageClient(const CIPCMessageClient&) = delete;
   CIPCMessageClient& operator=(const CIPCMessageClient&) = delete;
 
+  /// True. A second subscription changes nothing.
   bool SubscribeIPCMessage(std::uint32_t group, std::uint32_t reserved);
+
+  /// False when the client was not subscribed.
   bool UnSubscribeIPCMessage(std::uint32_t group, std::uint32_t reserved);
 
   /// Sets the handler of one message id, for messages to this module or to its groups.

@@ -1,0 +1,70 @@
+#include "platform/message/message_capture.h"
+
+#include <fstream>
+#include <locale>
+#include <mutex>
+#include <sstream>
+#include <stdexcept>
+
+#include "common/log.h"
+#include "platform/message/capture_line.h"
+#include "platform/os/append_file.h"
+#include "platform/os/path_text.h"
+
+namespace message {
+namespace {
+
+struct Capture {
+  std::mutex mutex;
+  std::filesystem::path file;  // empty while nothing is captured
+};
+
+Capture& TheCapture() {
+  static auto& capture = *new Capture;
+  return capture;
+}
+
+std::string HexBytes(const std::vector<std::uint8_t>& bytes) {
+  constexpr const char* kDigits = "0123456789abcdef";
+  std::string text;
+  text.reserve(2 * bytes.size());
+  for (const std::uint8_t byte : bytes) {
+    text += kDigits[byte >> 4];
+    text += kDigits[byte & 15];
+  }
+  return text;
+}
+
+std::string CaptureLine(const tagIPC_MESSAGE_ITEM& item, const std::vector<std::uint8_t>& body) {
+  return R"({"target":")" + HexNumber(item.target) + R"(","source":")" + HexNumber(item.source) +
+         R"(","message":")" + HexNumber(item.messageId) + R"(","reply":")" +
+         HexNumber(item.replyId) + R"(","body":")" + HexBytes(body) + R"("})";
+}
+
+}  // namespace
+
+std::string HexNumber(std::uint32_t number) {
+  std::ostringstream text;
+  text.imbue(std::locale::classic());
+  text << "0x" << std::hex << std::uppercase << number;
+  return text.str();
+}
+
+void StartCapture(const std::filesystem::path& file) {
+  if (!std::ofstream(file, std::ios::app))
+    throw std::runtime_error(os::PathText(file) + ": the message capture cannot be written");
+  Capture& capture = TheCapture();
+  const std::lock_guard lock(capture.mutex);
+  capture.file = file;
+}
+
+void CaptureMessage(const tagIPC_MESSAGE_ITEM& item, const std::vector<std::uint8_t>& body) {
+  Capture& capture = TheCapture();
+  const std::lock_guard lock(capture.mutex);
+  if (capture.file.empty() || os::AppendLine(capture.file, CaptureLine(item, body))) return;
+  COMMON_LOG_ERROR(
+      log4cxx::Logger::getLogger("orv.message"),
+      os::PathText(capture.file) + ": message " + HexNumber(item.messageId) + " could not be captured");
+}
+
+}  // namespace message

@@ -1,0 +1,16 @@
+#include "platform/util/data_manager.h"
+
+#include "platform/util/store.h"
+
+DataManager& DataManager::Instance() {
+  static auto& manager = *new DataManager;
+  return manager;
+}
+
+bool DataManager::Put(const std::string& table, const Row& row) {
+  return util::UseStore([&](util::Store& store) { store.Put(table, row); });
+}
+
+bool DataManager::Get(const std::string& query, emReturnOrder /*order*/, std::vector<Row>& rows) {
+  return util::UseStore([&](util::Store& store) { store.Get(query, rows); });
+}

@@ -1,0 +1,12 @@
+#include "platform/util/smbios_helper.h"
+
+#include "platform/machine/machine.h"
+
+SMBIOSHelper* SMBIOSHelper::GetInstance() {
+  static auto& helper = *new SMBIOSHelper;
+  return &helper;
+}
+
+std::wstring SMBIOSHelper::GetSystemProductName() {
+  return machine::Current().ProductName();
+}

@@ -1,0 +1,20 @@
+// store_writer <data folder> <first> <count>: saves rows with consecutive SecondTime and prints
+// each one once it is acknowledged. Ends with 1 when a row is not saved.
+
+#include <cstdlib>
+#include <iostream>
+
+#include "platform/os/paths.h"
+#include "tests/util/history_row.h"
+
+int main(int argumentCount, char** arguments) {
+  if (argumentCount != 4) return 2;
+  os::SetDataFolder(arguments[1]);
+  const std::int64_t first = std::atoll(arguments[2]);
+  const std::int64_t count = std::atoll(arguments[3]);
+  for (std::int64_t second = first; second < first + count; ++second) {
+    if (!DataManager::Instance().Put(kHistoryTable, HistoryRow(second))) return 1;
+    std::cout << second << std::endl;
+  }
+  return 0;
+}
