@@ -16,34 +16,37 @@ std::uint64_t Scramble(std::uint64_t value) {
   return value ^ value >> 31;
 }
 
-// The place itself, then its complement: every address bit reads back as both.
-std::uint64_t OwnAddress(std::size_t index, unsigned pass) {
-  const std::uint64_t offset = index * sizeof(std::uint64_t);
-  return pass == 0 ? offset : ~offset;
+// Every second pass writes the complement, so that each bit has to read back as both.
+std::uint64_t Alternate(std::uint64_t value, unsigned pass) {
+  return pass % 2 == 0 ? value : ~value;
 }
 
-// Words count up, from another start in every pass.
+std::uint64_t OwnAddress(std::size_t index, unsigned pass) {
+  return Alternate(index * sizeof(std::uint64_t), pass);
+}
+
+// Words count up, from another start in every second pass.
 std::uint64_t LineSequence(std::size_t index, unsigned pass) {
-  return index + pass * kOddMultiplier;
+  return Alternate(index + pass / 2 * kOddMultiplier, pass);
 }
 
 // Each 4 KiB block holds one byte value, one more than the block before.
 std::uint64_t BlockSequence(std::size_t index, unsigned pass) {
   constexpr std::size_t kWordsPerBlock = 512;
-  return ((index / kWordsPerBlock + pass * 64) & 0xFF) * kEveryByte;
+  return Alternate((index / kWordsPerBlock & 0xFF) * kEveryByte, pass);
 }
 
-// One bit clear, further on in the next word and four further in the next pass.
+// One bit of every byte is clear, in turn; then one is set.
 std::uint64_t WalkingBit(std::size_t index, unsigned pass) {
-  return ~(std::uint64_t{1} << (index + pass * 4) % 64);
+  return Alternate(~(kEveryByte << (index + pass / 2) % 8), pass);
 }
 
 std::uint64_t Random(std::size_t index, unsigned pass) {
-  return Scramble((index + 1) * kOddMultiplier + pass);
+  return Alternate(Scramble((index + 1) * kOddMultiplier + pass / 2), pass);
 }
 
 std::uint64_t Checkerboard(std::size_t index, unsigned pass) {
-  return (index + pass) % 2 == 0 ? 0xAAAAAAAAAAAAAAAA : 0x5555555555555555;
+  return Alternate(index % 2 == 0 ? 0xAAAAAAAAAAAAAAAA : 0x5555555555555555, pass);
 }
 
 std::uint64_t Arithmetic(std::uint64_t value, std::size_t index) {
@@ -69,14 +72,14 @@ constexpr TestCall kFirst = TestCall::MemoryStuckAddress;
 
 constexpr auto kMemoryTests = std::to_array<MemoryTestRow>({
     {TestCall::MemoryStuckAddress, 2, OwnAddress},
-    {TestCall::MemoryLineSequence, 2, LineSequence},
-    {TestCall::MemoryBlockSequence, 4, BlockSequence},
+    {TestCall::MemoryLineSequence, 4, LineSequence},
+    {TestCall::MemoryBlockSequence, 2, BlockSequence},
     {TestCall::MemoryWalkingBit, 16, WalkingBit},
     {TestCall::MemoryRandom, 4, Random},
     {TestCall::MemoryCheckerboard, 2, Checkerboard},
     {TestCall::MemoryArithmetic, 2, Random, Arithmetic},
     {TestCall::MemoryLogic, 2, Random, Logic},
-    {TestCall::MemoryBitFlip, 4, WalkingBit, Flip},
+    {TestCall::MemoryBitFlip, 2, Checkerboard, Flip},
 });
 
 constexpr std::size_t RowIndex(TestCall test) {
