@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+// Small files by which the kernel tells about devices. What cannot be read is empty; nothing
+// throws but for memory.
+namespace machine {
+
+/// The first line without white space around it.
+std::string ReadLine(const std::filesystem::path& file);
+
+/// The decimal number at the start of the file.
+std::optional<std::uint64_t> ReadNumber(const std::filesystem::path& file);
+
+/// At most `limit` bytes.
+std::vector<std::byte> ReadBytes(const std::filesystem::path& file, std::size_t limit);
+
+/// The names in a folder, sorted.
+std::vector<std::string> ListNames(const std::filesystem::path& folder);
+
+/// The number in front of the text; a sign is not part of one.
+std::optional<std::uint64_t> LeadingNumber(const std::string& text);
+
+}  // namespace machine

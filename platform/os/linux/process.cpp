@@ -1,0 +1,166 @@
+#include "platform/os/process.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <limits>
+
+namespace os {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t kOutputLimit = std::size_t{4} << 20;
+
+class Descriptor {
+ public:
+  explicit Descriptor(int opened = -1) : number(opened) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { Close(); }
+
+  int Get() const { return number; }
+  void Close() {
+    if (number >= 0) close(number);
+    number = -1;
+  }
+
+ private:
+  int number;
+};
+
+/// A child that leads its own process group, so that killing reaches what it started itself.
+/// Reaped on every path.
+class Child {
+ public:
+  explicit Child(pid_t started) : pid(started) {}
+  Child(const Child&) = delete;
+  Child& operator=(const Child&) = delete;
+  ~Child() {
+    if (pid < 0) return;
+    kill(-pid, SIGKILL);
+    while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
+    }
+  }
+
+  /// Nothing when it was ended by a signal or still runs at the deadline.
+  std::optional<int> WaitUntil(Clock::time_point deadline) {
+    for (;;) {
+      int status = 0;
+      const pid_t ended = waitpid(pid, &status, WNOHANG);
+      if (ended == pid || (ended < 0 && errno != EINTR)) {
+        pid = -1;
+        if (ended < 0 || !WIFEXITED(status)) return std::nullopt;
+        return WEXITSTATUS(status);
+      }
+      if (Clock::now() >= deadline) return std::nullopt;
+      poll(nullptr, 0, 1);
+    }
+  }
+
+ private:
+  pid_t pid;
+};
+
+class SpawnSettings {
+ public:
+  explicit SpawnSettings(int output) {
+    posix_spawn_file_actions_init(&actions);
+    posix_spawnattr_init(&attributes);
+    // The output goes first: its descriptor may be one of those that are opened over.
+    posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
+    sigset_t none;
+    sigemptyset(&none);
+    sigset_t restored;
+    sigemptyset(&restored);
+    sigaddset(&restored, SIGPIPE);
+    posix_spawnattr_setsigmask(&attributes, &none);
+    posix_spawnattr_setsigdefault(&attributes, &restored);
+    posix_spawnattr_setpgroup(&attributes, 0);
+    posix_spawnattr_setflags(
+        &attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);
+  }
+  SpawnSettings(const SpawnSettings&) = delete;
+  SpawnSettings& operator=(const SpawnSettings&) = delete;
+  ~SpawnSettings() {
+    posix_spawnattr_destroy(&attributes);
+    posix_spawn_file_actions_destroy(&actions);
+  }
+
+  posix_spawn_file_actions_t actions{};
+  posix_spawnattr_t attributes{};
+};
+
+std::optional<pid_t> Start(const std::vector<std::string>& arguments, int output) {
+  std::vector<char*> argv;
+  argv.reserve(arguments.size() + 1);
+  for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  argv.push_back(nullptr);
+
+  const SpawnSettings settings(output);
+  pid_t pid = -1;
+  if (posix_spawnp(&pid, argv[0], &settings.actions, &settings.attributes, argv.data(), environ) !=
+      0)
+    return std::nullopt;
+  return pid;
+}
+
+int MillisecondsUntil(Clock::time_point deadline) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+  return static_cast<int>(std::clamp<decltype(left)>(left, 0, std::numeric_limits<int>::max()));
+}
+
+/// Reads to the end of the pipe. False at the deadline, at the size limit and on an error.
+bool ReadAll(int pipe, Clock::time_point deadline, std::string& output) {
+  std::array<char, 16384> chunk;
+  for (;;) {
+    pollfd waiting{pipe, POLLIN, 0};
+    const int ready = poll(&waiting, 1, MillisecondsUntil(deadline));
+    if (ready == 0 || Clock::now() >= deadline) return false;
+    if (ready < 0 && errno == EINTR) continue;
+    if (ready < 0) return false;
+
+    const ssize_t count = read(pipe, chunk.data(), chunk.size());
+    if (count == 0) return true;
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0 || output.size() + static_cast<std::size_t>(count) > kOutputLimit) return false;
+    output.append(chunk.data(), static_cast<std::size_t>(count));
+  }
+}
+
+}  // namespace
+
+std::optional<ProcessResult> RunProcess(const std::vector<std::string>& arguments,
+                                        std::chrono::milliseconds limit) {
+  if (arguments.empty()) return std::nullopt;
+  const Clock::time_point deadline = Clock::now() + limit;
+
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) return std::nullopt;
+  const Descriptor readEnd(ends[0]);
+  Descriptor writeEnd(ends[1]);
+
+  const std::optional<pid_t> pid = Start(arguments, writeEnd.Get());
+  if (!pid) return std::nullopt;
+  Child child(*pid);
+  writeEnd.Close();
+
+  ProcessResult result;
+  if (!ReadAll(readEnd.Get(), deadline, result.output)) return std::nullopt;
+  const std::optional<int> status = child.WaitUntil(deadline);
+  if (!status) return std::nullopt;
+  result.exitStatus = *status;
+  return result;
+}
+
+}  // namespace os
