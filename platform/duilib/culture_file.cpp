@@ -1,6 +1,5 @@
 #include "platform/duilib/culture_file.h"
 
-#include <algorithm>
 #include <fstream>
 #include <stdexcept>
 

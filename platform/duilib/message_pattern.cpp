@@ -22,6 +22,7 @@ icu::UnicodeString ToIcu(const std::wstring& text) {
 
 std::wstring FillPattern(const std::wstring& pattern, const std::vector<std::wstring>& arguments) {
   std::vector<icu::Formattable> values;
+  values.reserve(arguments.size());
   for (const std::wstring& argument : arguments) values.emplace_back(ToIcu(argument));
 
   UErrorCode status = U_ZERO_ERROR;

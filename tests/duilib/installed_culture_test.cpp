@@ -11,6 +11,7 @@ namespace {
 TEST(InstalledCultureTest, TheFirstReadersLoadTheInstalledEnglishTextsTogether) {
   std::vector<std::wstring> titles(4);
   std::vector<std::thread> readers;
+  readers.reserve(titles.size());
   for (std::wstring& title : titles) {
     readers.emplace_back([&title] {
       title = DuiLib::UICulture::GetInstance()->ParseBind(L"bind='IDS_HARDWARE_DETECT'");

@@ -67,6 +67,7 @@ TEST_F(UIMainQueueTest, ClosuresOfManyThreadsAllRunEachThreadsInItsOrder) {
   std::vector<Marks> seen(kThreads);
   std::atomic<int> finished = 0;
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (Marks& marksOfThread : seen) {
     threads.emplace_back([&marksOfThread, &finished] {
       for (int mark = 0; mark < kEach; ++mark) {
