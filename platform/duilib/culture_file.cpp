@@ -1,8 +1,8 @@
 #include "platform/duilib/culture_file.h"
 
-#include <fstream>
 #include <stdexcept>
 
+#include "common/file.h"
 #include "common/text.h"
 #include "common/xml_document.h"
 
@@ -10,9 +10,6 @@ namespace DuiLib {
 namespace {
 
 using common::XmlElement;
-
-// One byte more than the XML reader accepts, so that it is the one to refuse a longer file.
-constexpr std::size_t kReadLimit = (std::size_t{1} << 20) + 1;
 
 constexpr std::string_view kLanguageCharacters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-";
@@ -33,15 +30,6 @@ std::string Name(const XmlElement& element) {
 const XmlElement* FirstElement(const XmlElement& parent) {
   const XmlElement* child = parent.first_node();
   return child && child->type() != rapidxml::node_element ? common::NextElement(child) : child;
-}
-
-std::string ReadText(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::string text(kReadLimit, '\0');
-  stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-  if (!stream.is_open() || stream.bad()) Fail(file.string(), "cannot be read");
-  text.resize(static_cast<std::size_t>(stream.gcount()));
-  return text;
 }
 
 }  // namespace
@@ -78,7 +66,7 @@ CultureTexts ReadCulture(const std::filesystem::path& folder, const std::string&
                              "' is no language: expected letters, digits and hyphens, as in en-US");
   }
   const auto file = folder / (language + ".xml");
-  return ParseCulture(ReadText(file), file.string(), language);
+  return ParseCulture(common::ReadFile(file, common::kMaxXmlSize), file.string(), language);
 }
 
 }  // namespace DuiLib
