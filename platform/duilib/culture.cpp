@@ -1,0 +1,98 @@
+#include "platform/duilib/culture.h"
+
+#include <exception>
+#include <mutex>
+#include <string_view>
+#include <utility>
+
+#include "common/log.h"
+#include "common/text.h"
+#include "platform/duilib/culture_file.h"
+#include "platform/duilib/message_pattern.h"
+#include "platform/os/paths.h"
+
+namespace DuiLib {
+namespace {
+
+constexpr const char* kFallbackLanguage = "en-US";
+constexpr const char* kIdsLanguage = "ids";
+
+CultureTexts ReadWithFallback(const std::filesystem::path& folder, const std::string& language) {
+  CultureTexts texts = ReadCulture(folder, language);
+  if (language != kFallbackLanguage) texts.merge(ReadCulture(folder, kFallbackLanguage));
+  return texts;
+}
+
+std::wstring IdWithArguments(const std::wstring& id, int arguments) {
+  std::wstring text = id;
+  for (int index = 0; index < arguments; ++index) {
+    text += (index == 0 ? L"({" : L",{") + std::to_wstring(index) + L"}";
+  }
+  return arguments > 0 ? text + L")" : text;
+}
+
+// An id without arguments is its own text anyway, as an id that the table does not hold.
+CultureTexts IdTexts(const std::filesystem::path& folder) {
+  CultureTexts texts;
+  if (!std::filesystem::exists(folder / (std::string(kFallbackLanguage) + ".xml"))) return texts;
+  for (const auto& [id, text] : ReadCulture(folder, kFallbackLanguage)) {
+    if (const int arguments = PatternArguments(text)) texts[id] = IdWithArguments(id, arguments);
+  }
+  return texts;
+}
+
+CultureTexts InstalledTexts() {
+  try {
+    return ReadCulture(os::InstallationFolder() / "res" / "culture", kFallbackLanguage);
+  } catch (const std::exception& error) {
+    COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.duilib"),
+                     std::string("no texts for the user interface: ") + error.what());
+    return {};
+  }
+}
+
+}  // namespace
+
+// Not written to once loaded, so that readers need no lock.
+struct UICulture::Table {
+  std::once_flag loaded;
+  CultureTexts texts;
+};
+
+UICulture::UICulture() : table(std::make_unique<Table>()) {}
+UICulture::~UICulture() = default;
+
+UICulture* UICulture::GetInstance() {
+  static UICulture& culture = *new UICulture;
+  return &culture;
+}
+
+void UICulture::SetLanguage(const std::string& language, const std::filesystem::path& resources) {
+  const auto folder = resources / "culture";
+  auto fresh = std::make_unique<Table>();
+  std::call_once(fresh->loaded, [&] {
+    fresh->texts = language == kIdsLanguage ? IdTexts(folder) : ReadWithFallback(folder, language);
+  });
+  table = std::move(fresh);
+}
+
+CDuiString UICulture::GetString(const CDuiString& id) const {
+  std::call_once(table->loaded, [this] { table->texts = InstalledTexts(); });
+  const auto found = table->texts.find(id);
+  return found == table->texts.end() ? id : found->second;
+}
+
+CDuiString UICulture::GetMultiVarStr(const CDuiString& id,
+                                     const std::vector<CDuiString>& arguments) const {
+  return FillPattern(GetString(id), arguments);
+}
+
+CDuiString UICulture::ParseBind(const CDuiString& expression) const {
+  constexpr std::wstring_view kOpening = L"bind='";
+  if (!expression.starts_with(kOpening)) return expression;
+  const auto closing = expression.find(L'\'', kOpening.size());
+  if (closing == CDuiString::npos || closing + 1 != expression.size()) return expression;
+  return GetString(expression.substr(kOpening.size(), closing - kOpening.size()));
+}
+
+}  // namespace DuiLib
