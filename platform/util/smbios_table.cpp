@@ -8,6 +8,8 @@
 namespace util {
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr std::size_t kHeaderSize = 4;
 constexpr std::uint8_t kEndOfTable = 127;
 
@@ -61,7 +63,7 @@ std::optional<SmbiosStructure> TakeStructure(std::span<const std::byte>& table) 
   const std::string_view rest(reinterpret_cast<const char*>(table.data()) + length,
                               table.size() - length);
   // A set without strings is two zero bytes as well.
-  const std::size_t end = rest.find(std::string_view("\0", 2));
+  const std::size_t end = rest.find("\0\0"sv);
   if (end == std::string_view::npos) return std::nullopt;
 
   const SmbiosStructure structure(table.first(length), rest.substr(0, end == 0 ? 0 : end + 1));

@@ -194,6 +194,7 @@ TEST(LinuxMachine, AnswersEveryCallFromManyThreadsAtOnce) {
   system.Write("/sys/firmware/dmi/tables/DMI", SmbiosBytes::Laptop());
   LinuxMachine live;
   std::vector<std::jthread> threads;
+  threads.reserve(4);
   for (int i = 0; i < 4; ++i)
     threads.emplace_back([&] {
       EXPECT_EQ(live.ProductName(), L"TUSK 14");

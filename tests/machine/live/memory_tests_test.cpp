@@ -92,7 +92,7 @@ class AliasedPages {
   }
 
  private:
-  static constexpr std::size_t kPart = 64 * 1024;
+  static constexpr std::size_t kPart = std::size_t{64} * 1024;
   char* first = nullptr;
   bool isMapped = false;
 };
@@ -113,7 +113,7 @@ TEST(MemoryBuffer, TakesAnEighthOfWhatIsAvailableWithinItsBounds) {
   const struct {
     const char* meminfo;
     std::size_t size;
-  } cases[] = {{"MemTotal: 99999999 kB\nMemAvailable:  80000 kB\n", 10000 * 1024},
+  } cases[] = {{"MemTotal: 99999999 kB\nMemAvailable:  80000 kB\n", std::size_t{10000} * 1024},
                {"MemAvailable: 99999999 kB\n", MemoryBuffer::kLargest},
                {"MemAvailable: 18446744073709551615 kB\n", MemoryBuffer::kLargest},
                {"MemAvailable: 100 kB\n", MemoryBuffer::kSmallest},

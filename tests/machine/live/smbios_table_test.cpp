@@ -70,13 +70,21 @@ TEST(SmbiosTable, KeepsWhatStandsBeforeTheDamage) {
   const std::string board = SmbiosBytes(2, 8).Text(5, "Lost").Done();
   const std::string unterminated = board.substr(0, board.size() - 1);
   for (const std::string& damage :
-       {unterminated, std::string("\x02\x00\x00\x00", 4) + board,
-        std::string("\x02\x03\x00\x00", 4) + board, std::string("\x02\xFF\x00\x00", 4) + board,
+       {unterminated, std::string("\x07\x00\x00", 3) + board,
+        std::string("\x07\x03\x00\x00\x00", 5) + board, std::string("\x02\xFF\x00\x00", 4) + board,
         SmbiosBytes(127, 4).Done() + board}) {
     const SmbiosTable table = Read(good + damage);
     EXPECT_EQ(table.ProductName(), "Good");
     EXPECT_EQ(table.BaseBoard().product, "");
   }
+}
+
+TEST(SmbiosTable, TheFirstSystemAndBoardAreTheMainOnes) {
+  const std::string table =
+      SmbiosBytes(1, 27).Text(5, "Laptop").Done() + SmbiosBytes(2, 8).Text(5, "Main").Done() +
+      SmbiosBytes(1, 27).Text(5, "Dock").Done() + SmbiosBytes(2, 8).Text(5, "Dock board").Done();
+  EXPECT_EQ(Read(table).ProductName(), "Laptop");
+  EXPECT_EQ(Read(table).BaseBoard().product, "Main");
 }
 
 // Run under the address sanitizer this finds any read outside the table.
