@@ -5,6 +5,7 @@
 #include "cli/live_line.h"
 #include "cli/run_printer.h"
 #include "cli/terminal_text.h"
+#include "common/text.h"
 
 namespace cli {
 

@@ -3,6 +3,9 @@
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
 include_directories(${CMAKE_SOURCE_DIR})
 
+# Log lines name source files by their place in the project.
+add_compile_options(-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
+
 if(SYSDIAGNOSE_SANITIZE)
   add_compile_options(-fsanitize=${SYSDIAGNOSE_SANITIZE} -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)

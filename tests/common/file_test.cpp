@@ -8,8 +8,8 @@ namespace common {
 namespace {
 
 TEST(ReadFile, WhatCannotBeReadIsNamed) {
-  const test::TemporaryFolder folder;
-  for (const auto& file : {folder.Path() / "missing", folder.Path()}) {
+  const TemporaryFolder folder;
+  for (const auto& file : {folder.path / "missing", folder.path}) {
     try {
       ReadFile(file, 10);
       FAIL() << file;
@@ -20,8 +20,9 @@ TEST(ReadFile, WhatCannotBeReadIsNamed) {
 }
 
 TEST(ReadFile, IsCutOneByteBehindTheLimit) {
-  const test::TemporaryFolder folder;
-  const auto file = folder.Write("file", std::string(200000, 'x'));
+  const TemporaryFolder folder;
+  const auto file = folder.path / "file";
+  WriteText(file, std::string(200000, 'x'));
   EXPECT_EQ(ReadFile(file, 100).size(), 101);
   EXPECT_EQ(ReadFile(file, 200000).size(), 200000);
 }

@@ -14,8 +14,7 @@ TEST(OneLine, ADeviceNameCannotSplitOrForgeALine) {
 
 TEST(LogStatement, AFailureInsideItStaysInside) {
   const auto text = []() -> std::string { throw std::runtime_error("no text"); };
-  EXPECT_NO_THROW(
-      COMMON_LOG_ERROR(log4cxx::Logger::getRootLogger(), text()));
+  EXPECT_NO_THROW(COMMON_LOG_ERROR(log4cxx::Logger::getRootLogger(), text()));
 }
 
 }  // namespace

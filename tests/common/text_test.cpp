@@ -11,12 +11,12 @@ TEST(Text, MalformedUtf8BecomesOneReplacementPerByteAndLosesNothingAround) {
     const wchar_t* wide;
   };
   constexpr Case kCases[] = {
-      {"a\x80z", L"a\xFFFDz"},                      // lone continuation
-      {"a\xC3", L"a\xFFFD"},                        // cut off
-      {"\xE4\xBD", L"\xFFFD\xFFFD"},                // cut off after two of three
-      {"\xC0\xAF", L"\xFFFD\xFFFD"},                // overlong
-      {"\xE0\x80\x80", L"\xFFFD\xFFFD\xFFFD"},      // overlong
-      {"\xED\xA0\x80x", L"\xFFFD\xFFFD\xFFFDx"},    // surrogate
+      {"a\x80z", L"a\xFFFDz"},                            // lone continuation
+      {"a\xC3", L"a\xFFFD"},                              // cut off
+      {"\xE4\xBD", L"\xFFFD\xFFFD"},                      // cut off after two of three
+      {"\xC0\xAF", L"\xFFFD\xFFFD"},                      // overlong
+      {"\xE0\x80\x80", L"\xFFFD\xFFFD\xFFFD"},            // overlong
+      {"\xED\xA0\x80x", L"\xFFFD\xFFFD\xFFFDx"},          // surrogate
       {"\xF4\x90\x80\x80", L"\xFFFD\xFFFD\xFFFD\xFFFD"},  // beyond the last code point
       {"\xC3\xA9\xE4\xBD\xA0", L"\xE9\x4F60"},
   };
@@ -34,8 +34,9 @@ TEST(Text, EveryFormSurvivesTheRoundTrip) {
 TEST(Text, UnpairedSurrogatesSurviveInUnitsAndAreReplacedInUtf8) {
   const std::u16string units = {u'a', char16_t{0xD83D}, u'b', char16_t{0xDD0B}, char16_t{0xD800}};
   EXPECT_EQ(WideToUtf16(Utf16ToWide(units)), units);
-  EXPECT_EQ(WideToUtf8(Utf16ToWide(units)), "a\xEF\xBF\xBD"
-                                            "b\xEF\xBF\xBD\xEF\xBF\xBD");
+  EXPECT_EQ(WideToUtf8(Utf16ToWide(units)),
+            "a\xEF\xBF\xBD"
+            "b\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/concurrency/task.h"
+#include "platform/os/clock.h"
 
 namespace concurrency {
 namespace {

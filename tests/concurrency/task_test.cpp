@@ -23,7 +23,8 @@ std::string MessageOf(const task<void>& ended) {
 TEST(Task, AnErrorReachesTheContinuationAndThatOneEndsWell) {
   std::string seen;
   const auto failing = create_task([] { throw std::runtime_error("disk on fire"); });
-  const auto following = failing.then([&seen](const task<void>& ended) { seen = MessageOf(ended); });
+  const auto following =
+      failing.then([&seen](const task<void>& ended) { seen = MessageOf(ended); });
   following.get();
   EXPECT_EQ(seen, "disk on fire");
 }

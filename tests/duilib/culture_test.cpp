@@ -4,7 +4,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <random>
+
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -19,10 +20,7 @@ std::string Culture(const std::string& language, const std::string& strings) {
 // A resource folder of its own for every test.
 class CultureTest : public testing::Test {
  protected:
-  CultureTest()
-      : resources(std::filesystem::temp_directory_path() /
-                  ("culture_test_" + std::to_string(std::random_device()()))) {
-    std::filesystem::create_directories(resources / "culture");
+  CultureTest() {
     Write("en-US", Culture("en-US",
                            "<string id='IDS_PLAIN'>Disk</string>"
                            "<string id='IDS_BLANKS'> and </string>"
@@ -31,12 +29,11 @@ class CultureTest : public testing::Test {
                            "<string id='IDS_MARKS'>{c #7F7F7F}grey{/c}</string>"));
     Write("zh-CN", Culture("zh-CN", "<string id='IDS_PLAIN'>硬盘</string>"));
   }
-  ~CultureTest() override { std::filesystem::remove_all(resources); }
 
   void Write(const std::string& language, const std::string& xml) {
-    std::ofstream(resources / "culture" / (language + ".xml"), std::ios::binary) << xml;
+    WriteText(resources.path / "culture" / (language + ".xml"), xml);
   }
-  void Use(const std::string& language) { culture.SetLanguage(language, resources); }
+  void Use(const std::string& language) { culture.SetLanguage(language, resources.path); }
   std::string ErrorOf(const std::string& language) {
     try {
       Use(language);
@@ -46,7 +43,7 @@ class CultureTest : public testing::Test {
     return "no error";
   }
 
-  std::filesystem::path resources;
+  TemporaryFolder resources;
   UICulture& culture = *UICulture::GetInstance();
 };
 
@@ -76,7 +73,7 @@ TEST_F(CultureTest, IdsShowThemselvesAndTheirArguments) {
   EXPECT_EQ(culture.GetString(L"IDS_ONE"), L"IDS_ONE({0})");
   EXPECT_EQ(culture.GetMultiVarStr(L"IDS_TWO", {L"7", L"8"}), L"IDS_TWO(7,8)");
 
-  culture.SetLanguage("ids", resources / "nothing here");
+  culture.SetLanguage("ids", resources.path / "nothing here");
   EXPECT_EQ(culture.GetString(L"IDS_ONE"), L"IDS_ONE");
 }
 
@@ -118,15 +115,15 @@ TEST_F(CultureTest, AMalformedFileIsOneErrorNamingItAndThePlace) {
 }
 
 TEST_F(CultureTest, AFileThatCannotBeReadIsAnError) {
-  std::filesystem::create_directory(resources / "culture" / "folder.xml");
+  std::filesystem::create_directory(resources.path / "culture" / "folder.xml");
   EXPECT_THAT(ErrorOf("de-DE"), AllOf(HasSubstr("de-DE.xml"), HasSubstr("cannot open")));
   EXPECT_THAT(ErrorOf("folder"), AllOf(HasSubstr("folder.xml"), HasSubstr("cannot open")));
-  std::filesystem::remove(resources / "culture" / "en-US.xml");
+  std::filesystem::remove(resources.path / "culture" / "en-US.xml");
   EXPECT_THAT(ErrorOf("zh-CN"), AllOf(HasSubstr("en-US.xml"), HasSubstr("cannot open")));
 }
 
 TEST_F(CultureTest, ALanguageNameCannotLeaveTheFolder) {
-  std::ofstream(resources / "outside.xml") << Culture("../outside", "");
+  std::ofstream(resources.path / "outside.xml") << Culture("../outside", "");
   for (const std::string name : {"", "../outside", "..", "en_US", "en-US.xml", "a/b", "a\\b"}) {
     EXPECT_THAT(ErrorOf(name), HasSubstr("'" + name + "' is no language"));
   }

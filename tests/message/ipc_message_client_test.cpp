@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/util/test_log.h"
+#include "tests/support/test_log.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/message/ipc_message_client.h"
-#include "tests/util/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 

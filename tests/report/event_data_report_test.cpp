@@ -8,8 +8,8 @@
 
 #include "platform/os/clock.h"
 #include "platform/os/paths.h"
-#include "tests/util/temporary_folder.h"
-#include "tests/util/test_log.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/test_log.h"
 
 namespace {
 

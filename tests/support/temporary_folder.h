@@ -1,28 +1,37 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
 #include <string>
+#include <string_view>
 
-namespace test {
-
-/// A folder that goes, with all that lies in it, at the end of a test.
+// A new empty folder that goes away with the object.
 class TemporaryFolder {
  public:
-  TemporaryFolder();
-  ~TemporaryFolder();
+  TemporaryFolder()
+      : path(std::filesystem::temp_directory_path() /
+             ("sysdiagnose-" + std::to_string(std::random_device()()))) {
+    std::filesystem::create_directories(path);
+  }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+  }
 
-  const std::filesystem::path& Path() const { return path; }
-
-  /// Writes a file, its folders included, and returns its path.
-  std::filesystem::path Write(const std::filesystem::path& name, const std::string& content) const;
-
- private:
-  std::filesystem::path path;
+  const std::filesystem::path path;
 };
 
-/// The whole content of a file; fails the test and gives nothing when it cannot be read.
-std::string ReadWhole(const std::filesystem::path& file);
+inline void WriteText(const std::filesystem::path& file, std::string_view text) {
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary) << text;
+}
 
-}  // namespace test
+inline std::string ReadText(const std::filesystem::path& file) {
+  std::ostringstream text;
+  text << std::ifstream(file, std::ios::binary).rdbuf();
+  return text.str();
+}

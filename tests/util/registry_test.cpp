@@ -4,8 +4,8 @@
 
 #include "platform/os/paths.h"
 #include "platform/util/store.h"
-#include "tests/util/fake_machine.h"
-#include "tests/util/temporary_folder.h"
+#include "tests/support/fake_machine.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 

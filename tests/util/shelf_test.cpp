@@ -3,9 +3,9 @@
 #include "platform/os/paths.h"
 #include "platform/util/shelf_file.h"
 #include "platform/util/soft_shelf.h"
-#include "tests/util/fake_machine.h"
-#include "tests/util/temporary_folder.h"
-#include "tests/util/test_log.h"
+#include "tests/support/fake_machine.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/test_log.h"
 
 namespace {
 

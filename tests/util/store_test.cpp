@@ -6,9 +6,9 @@
 #include <variant>
 
 #include "platform/os/paths.h"
-#include "tests/util/history_row.h"
-#include "tests/util/temporary_folder.h"
-#include "tests/util/test_log.h"
+#include "tests/support/history_row.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/test_log.h"
 
 namespace {
 

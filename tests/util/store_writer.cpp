@@ -5,7 +5,7 @@
 #include <iostream>
 
 #include "platform/os/paths.h"
-#include "tests/util/history_row.h"
+#include "tests/support/history_row.h"
 
 int main(int argumentCount, char** arguments) {
   if (argumentCount != 4) return 2;

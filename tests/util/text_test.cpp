@@ -3,7 +3,7 @@
 #include "common/log.h"
 #include "platform/util/log_file.h"
 #include "platform/util/text_helpers.h"
-#include "tests/util/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include <stdexcept>
 #include <thread>
 
-#include "tests/util/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/util/log_file.h"
-#include "tests/util/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 // The log of the test program, from the first use on.
 class TestLog {
