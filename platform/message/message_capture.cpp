@@ -62,9 +62,9 @@ void CaptureMessage(const tagIPC_MESSAGE_ITEM& item, const std::vector<std::uint
   Capture& capture = TheCapture();
   const std::lock_guard lock(capture.mutex);
   if (capture.file.empty() || os::AppendLine(capture.file, CaptureLine(item, body))) return;
-  COMMON_LOG_ERROR(
-      log4cxx::Logger::getLogger("orv.message"),
-      os::PathText(capture.file) + ": message " + HexNumber(item.messageId) + " could not be captured");
+  COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.message"),
+                   os::PathText(capture.file) + ": message " + HexNumber(item.messageId) +
+                       " could not be captured");
 }
 
 }  // namespace message

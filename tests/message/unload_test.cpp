@@ -30,7 +30,6 @@ class UnloadTest : public testing::Test {
     message::WaitUntilDelivered();
   }
 
-  // Loaded modules are counted; one that was never let go of would stay after this.
   static bool IsLoaded(const void* address) { return os::ModuleOfAddress(address) != nullptr; }
 
   CIPCMessageClient sender{1, false};
