@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <optional>
 
 #include "cli/commands.h"
 #include "cli/live_line.h"
@@ -13,9 +15,13 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
-struct FailedItem {
+constexpr const char* kCouldNotBeTested = "  (could not be tested)";
+
+// What the closing summary says of one category.
+struct Trouble {
   enmHardwareID category;
-  std::wstring text;
+  std::vector<std::wstring> lines;
+  bool repairOffered = false;
 };
 
 class TextRunPrinter final : public RunPrinter {
@@ -23,33 +29,39 @@ class TextRunPrinter final : public RunPrinter {
   explicit TextRunPrinter(std::vector<enmHardwareID> selected) : selection(std::move(selected)) {}
 
   void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
+    PrintHeading(entered && selection[position] == category ? "" : kCouldNotBeTested);
     EnterCategory(category);
     announced = info.caption;
-    line.Show("[" + std::to_string(position + 1) + "/" + std::to_string(selection.size()) + "] " +
+    live.Show("[" + std::to_string(position + 1) + "/" + std::to_string(selection.size()) + "] " +
               Printable(CaptionOf(category)) + "  " + Printable(info.caption) + "…");
   }
 
   void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail) override {
-    const std::string mark =
-        detail.normal ? Coloured(Colour::Green, "ok      ") : Coloured(Colour::Red, "ABNORMAL");
-    if (!detail.caption.empty()) line.PrintAbove("  " + mark + "  " + Printable(detail.caption));
-    if (!detail.normal) Note(category, detail.caption + Dash(detail.hint));
+    announced.reset();
+    if (detail.caption.empty()) return;
+    live.PrintAbove(
+        "  " +
+        (detail.normal ? Coloured(Colour::Green, "ok      ") : Coloured(Colour::Red, "ABNORMAL")) +
+        "  " + Printable(detail.caption));
+    if (!detail.normal) Note(category, detail.caption, detail.hint);
   }
 
   void CategoryUnknown(enmHardwareID category, const std::wstring& text) override {
-    line.PrintAbove("  " + Coloured(Colour::Yellow, Printable(text)));
-    Note(category, text);
+    live.PrintAbove("            " + Coloured(Colour::Yellow, Printable(text)));
+    Note(category, text, {});
   }
 
-  void RepairOffer(enmHardwareID category, const tagRepairItemInfo& offer) override {
-    Note(category, offer.text);
+  void RepairOffer(enmHardwareID category, const tagRepairItemInfo&) override {
+    TroubleOf(category).repairOffered = true;
   }
 
   void Cancelled() override { Close("The run was cancelled; what was tested has been kept."); }
 
   void Finished(int abnormal, int) override {
-    Close(abnormal == 0 && failures.empty() ? Coloured(Colour::Green, "Everything is normal.")
-                                            : "Found:");
+    if (troubles.empty() && abnormal == 0)
+      Close(Coloured(Colour::Green, "Everything that could be tested is normal."));
+    else
+      Close(Coloured(Colour::Bold, "What needs attention:"));
   }
 
   void Failed(const std::string& error) override {
@@ -57,15 +69,13 @@ class TextRunPrinter final : public RunPrinter {
   }
 
   void Record(const RunRecord& record) override {
-    std::printf("\n%lld normal, %lld abnormal (%s)\n", static_cast<long long>(record.passCount),
-                static_cast<long long>(record.failCount), record.dateTime.c_str());
+    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begun;
+    std::printf("\nCategories: %lld normal, %lld abnormal. Took %.1f s, kept as %s.\n",
+                static_cast<long long>(record.passCount), static_cast<long long>(record.failCount),
+                elapsed.count(), record.dateTime.c_str());
   }
 
  private:
-  static std::wstring Dash(const std::wstring& text) {
-    return text.empty() ? std::wstring() : L" - " + text;
-  }
-
   // Categories come in the order of the selection; one that shows nothing is passed over.
   void EnterCategory(enmHardwareID category) {
     if (entered && selection[position] == category) return;
@@ -73,28 +83,48 @@ class TextRunPrinter final : public RunPrinter {
     position =
         static_cast<std::size_t>(std::find(from, selection.end(), category) - selection.begin());
     entered = true;
-    line.PrintAbove(Coloured(Colour::Bold, Printable(CaptionOf(category))));
+    live.PrintAbove(Coloured(Colour::Bold, Printable(CaptionOf(category))));
   }
 
-  void Note(enmHardwareID category, const std::wstring& text) {
-    failures.push_back({category, text});
+  // What was announced and got no result of its own stands as a heading.
+  void PrintHeading(const char* remark) {
+    if (announced && !announced->empty()) live.PrintAbove("  " + Printable(*announced) + remark);
+    announced.reset();
+  }
+
+  Trouble& TroubleOf(enmHardwareID category) {
+    const auto known =
+        std::find_if(troubles.begin(), troubles.end(),
+                     [category](const Trouble& trouble) { return trouble.category == category; });
+    if (known != troubles.end()) return *known;
+    return troubles.emplace_back(Trouble{category, {}});
+  }
+
+  void Note(enmHardwareID category, const std::wstring& what, const std::wstring& hint) {
+    std::wstring line = hint.empty() ? what : what + L": " + hint;
+    std::vector<std::wstring>& lines = TroubleOf(category).lines;
+    if (std::count(lines.begin(), lines.end(), line) == 0) lines.push_back(std::move(line));
   }
 
   void Close(const std::string& verdict) {
-    line.Clear();
+    PrintHeading(kCouldNotBeTested);
+    live.Clear();
     std::printf("\n%s\n", verdict.c_str());
-    for (const FailedItem& failure : failures)
-      std::printf("  %s: %s\n",
-                  Coloured(Colour::Red, Printable(CaptionOf(failure.category))).c_str(),
-                  Printable(failure.text).c_str());
+    for (const Trouble& trouble : troubles) {
+      std::printf("  %s%s\n", Coloured(Colour::Red, Printable(CaptionOf(trouble.category))).c_str(),
+                  trouble.repairOffered ? " (a repair is offered)" : "");
+      for (const std::wstring& line : trouble.lines)
+        std::printf("    %s\n", Printable(line).c_str());
+    }
   }
 
   const std::vector<enmHardwareID> selection;
+  const std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
   std::size_t position = 0;
   bool entered = false;
-  std::wstring announced;
-  std::vector<FailedItem> failures;
-  LiveLine line;
+  std::optional<std::wstring> announced;  // while it has no result
+  std::vector<Trouble> troubles;
+  LiveLine live;
 };
 
 }  // namespace
