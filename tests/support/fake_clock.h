@@ -4,8 +4,6 @@
 
 #include "platform/os/clock.h"
 
-namespace test {
-
 /// A clock whose time passes only by sleeping, at once. In force while it lives. Any thread.
 class FakeClock final : public os::Clock {
  public:
@@ -32,5 +30,3 @@ class FakeClock final : public os::Clock {
   std::chrono::nanoseconds now;
   os::LocalTime local;
 };
-
-}  // namespace test

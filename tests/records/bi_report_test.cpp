@@ -1,0 +1,51 @@
+#include "sysdiagnose/records/bi_report.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/os/clock.h"
+#include "tests/support/in_force.h"
+
+namespace orv::sysdiagnose {
+namespace {
+
+TEST(LoadPercent, IsTheShareNotIdleAndZeroWhenTimeStandsStill) {
+  const os::SystemTimes before{1000, 2000, 500};
+  struct Case {
+    os::SystemTimes now;
+    std::uint32_t percent;
+  };
+  const Case cases[] = {
+      {{1050, 2080, 520}, 50},                           // 100 passed, 50 of them idle
+      {{1000, 2080, 520}, 100}, {{1100, 2080, 520}, 0},  // all idle
+      {{999, 2080, 520}, 0},                             // idle went backwards
+      {{1000, 2000, 500}, 0},                            // nothing passed
+      {{1000, 1900, 500}, 0},                            // kernel went backwards
+      {{1334, 2980, 520}, 66},                           // the fraction is cut
+  };
+  for (const auto& [now, percent] : cases)
+    EXPECT_EQ(LoadPercent(before, now), percent) << now.idle << " " << now.kernel;
+}
+
+TEST(BIReport, AShortTestHasEmptyTextsAndEachStartBeginsAnew) {
+  const InForce inForce;
+  BIReport report;
+  report.Start();
+  // Long enough for some samples; how many is the machine's affair.
+  os::CurrentClock().Sleep(std::chrono::milliseconds(450));
+  report.StopAndReport();
+  report.Start();
+  report.StopAndReport();
+  const std::string events = ReadText(inForce.folder.path / "data/events.jsonl");
+  const auto split = events.find('\n');
+  EXPECT_THAT(events.substr(0, split),
+              testing::ContainsRegex(
+                  R"re("id":624000009,"payload":"\{\\"CpuUsage\\":\\"[0-9]+(\|[0-9]+)*\\",)re"
+                  R"re(\\"CpuClock\\":\\"[0-9]+(\|[0-9]+)*\\",)re"
+                  R"re(\\"DeviceTemper\\":\\"0(\|0)*\\"\}")re"));
+  EXPECT_THAT(
+      events.substr(split + 1),
+      testing::HasSubstr(R"("{\"CpuUsage\":\"\",\"CpuClock\":\"\",\"DeviceTemper\":\"\"}")"));
+}
+
+}  // namespace
+}  // namespace orv::sysdiagnose

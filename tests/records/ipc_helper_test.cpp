@@ -1,0 +1,166 @@
+#include "sysdiagnose/records/ipc_helper.h"
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+#include "sysdiagnose/records/message_ids.h"
+#include "tests/support/in_force.h"
+
+namespace orv::sysdiagnose {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::uint32_t kHostModule = 0x200001;
+
+// The host's end: posts requests to the plugin and keeps what reaches its group or itself.
+class Host {
+ public:
+  Host() : client(kHostModule, false) {
+    client.SubscribeIPCMessage(ipc::kHostGroup, 0);
+    client.RegisterMessageCallbackAll([this](const tagIPC_MESSAGE_ITEM& item) {
+      received.push_back(item);
+      bodies.emplace_back(item.data, item.data + item.dataLength);
+    });
+  }
+
+  void Send(std::uint32_t target, std::uint32_t messageId, const Bytes& body) {
+    tagIPC_MESSAGE_ITEM item;
+    item.target = target;
+    item.messageId = messageId;
+    item.dataLength = static_cast<std::uint32_t>(body.size());
+    item.data = body.data();
+    client.PostIPCMessage(item);
+    message::WaitUntilDelivered();
+  }
+
+  std::vector<tagIPC_MESSAGE_ITEM> received;
+  std::vector<Bytes> bodies;
+
+ private:
+  CIPCMessageClient client;
+};
+
+std::wstring ReadText(CIPCDataIO& io) {
+  std::wstring text;
+  ipc::Read(io, text);
+  return text;
+}
+
+TEST(IpcHelper, OneByteRequestsActOnlyAtTheirExactLength) {
+  const InForce inForce;
+  IPCHelper helper;
+  Host host;
+  std::vector<bool> starts;
+  std::vector<int> answers;
+  host.Send(ipc::kPluginModule, ipc::kDetectRequest, {0});  // no slot yet
+  helper.SetDetectSlot([&](bool start) { starts.push_back(start); });
+  helper.SetLogsAvailableSlot([&](std::uint8_t available) { answers.push_back(available); });
+  for (const Bytes& body : {Bytes{}, Bytes{0, 0}, Bytes{0}, Bytes{1}, Bytes{7}})
+    host.Send(ipc::kPluginModule, ipc::kDetectRequest, body);
+  for (const Bytes& body : {Bytes{}, Bytes{1}, Bytes{0}})
+    host.Send(ipc::kPluginModule, ipc::kLogsAvailableAnswer, body);
+  EXPECT_THAT(starts, testing::ElementsAre(true, false, false));
+  EXPECT_THAT(answers, testing::ElementsAre(1, 0));
+}
+
+TEST(IpcHelper, AMalformedBodyCallsNothingAndTheNextGoodOneWorks) {
+  const InForce inForce;
+  IPCHelper helper;
+  Host host;
+  std::vector<std::vector<std::int32_t>> repairs;
+  helper.SetRepairSlot([&](const auto& categories) { repairs.push_back(categories); });
+  for (const Bytes& body : {Bytes{}, Bytes{2, 0, 0, 0, 0, 0, 0, 0}, Bytes{1, 0, 0, 0, 1, 0, 0, 0},
+                            Bytes{1, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF, 1, 0, 0, 0}})
+    host.Send(ipc::kPluginModule, ipc::kRepairRequest, body);
+  EXPECT_TRUE(repairs.empty());
+  host.Send(ipc::kPluginModule, ipc::kRepairRequest, {1, 0, 0, 0, 1, 0, 0, 0, 7, 0, 0, 0});
+  EXPECT_THAT(repairs, testing::ElementsAre(testing::ElementsAre(7)));
+}
+
+TEST(IpcHelper, LogItemsReachTheirSlotUntilItIsCleared) {
+  const InForce inForce;
+  IPCHelper helper;
+  Host host;
+  int calls = 0;
+  std::vector<SYSTEM_DETECT_LOG_ITEM> received;
+  helper.SetLogListSlot([&](const auto& items) {
+    ++calls;
+    received = items;
+    helper.SetLogListSlot({});  // from inside: the mutex is recursive
+  });
+  const Bytes body{1, 0, 0, 0, 1, 0, 0, 0, 4, 0, 0, 0, 2, 0, 0, 0, 'a', 'b'};
+  host.Send(ipc::kPluginModule, ipc::kLogListAnswer, body);
+  host.Send(ipc::kPluginModule, ipc::kLogListAnswer, body);
+  EXPECT_EQ(calls, 1);
+  EXPECT_THAT(received, testing::ElementsAre(SYSTEM_DETECT_LOG_ITEM{4, "ab"}));
+}
+
+TEST(IpcHelper, TheDescriptorGoesToWhoAskedForIt) {
+  const InForce inForce;
+  IPCHelper helper;
+  Host host;
+  host.Send(ipc::kHostGroup, 0x200008, {});
+  EXPECT_TRUE(host.received.empty());
+  host.Send(ipc::kHostGroup, ipc::kDescriptorRequest, {});
+  ASSERT_EQ(host.received.size(), 1);
+  EXPECT_EQ(host.received[0].target, kHostModule);
+  EXPECT_EQ(host.received[0].source, ipc::kPluginModule);
+  EXPECT_EQ(host.received[0].messageId, ipc::kDescriptorAnswer);
+  EXPECT_EQ(host.received[0].replyId, ipc::kNone);
+
+  CIPCDataIO io(host.bodies[0].data(), static_cast<std::uint32_t>(host.bodies[0].size()));
+  ipc::ReadVersion(io);
+  EXPECT_EQ(ReadText(io), L"file='drawable/hardware/index_hardware.png'");
+  EXPECT_EQ(ReadText(io), L"file='drawable/hardware/doctor_module.png'");
+  EXPECT_EQ(ReadText(io), L"IDS_HARDWARE_DETECT");
+  EXPECT_EQ(io.ReadUInt32(), 0x390000);
+  EXPECT_EQ(io.ReadUInt32(), 0x390020);
+  EXPECT_EQ(io.ReadUInt32(), 0x390021);
+  std::uint16_t interval = 0;
+  ipc::Read(io, interval);
+  EXPECT_EQ(interval, 60000);
+  EXPECT_THROW(io.RequireBytes(1), std::runtime_error);
+}
+
+TEST(IpcHelper, SummariesCountAbnormalEntriesAndFollowTheMode) {
+  const InForce inForce;
+  IPCHelper helper;
+  Host host;
+  DiagnoseSummary summary;
+  summary.items.resize(3);
+  summary.items[1].state = DisplayState::Normal;
+  helper.PostSummary(summary, IPCHelper::ModeNone);
+  EXPECT_EQ(summary.headline, L"IDS_HARDWARE_DETECT_DOCTOR_INDEX_DESCRIPTION_OK");
+  EXPECT_EQ(summary.resultText, L"IDS_HARDWARE_DETECT_DOCTOR_ABNORMAL_RESULT");
+  summary.items[0].state = summary.items[2].state = DisplayState::Abnormal;
+  helper.PostSummary(summary, IPCHelper::ModeQuiet);
+  helper.PostSummary(summary, IPCHelper::ModeRun);
+  message::WaitUntilDelivered();
+  EXPECT_EQ(summary.abnormalCount, 2);
+  EXPECT_EQ(summary.headline, L"IDS_HARDWARE_DETECT_DOCTOR_ABNORMAL_NUM");
+  EXPECT_EQ(summary.resultText, L"IDS_HARDWARE_DETECT_DOCTOR_ABNORMAL_NUM(2)");
+  ASSERT_EQ(host.received.size(), 2);
+  EXPECT_EQ(host.received[0].messageId, ipc::kQuietSummary);
+  EXPECT_EQ(host.received[1].messageId, ipc::kRunSummary);
+}
+
+TEST(IpcHelper, SlotsMayChangeWhileMessagesArrive) {
+  const InForce inForce;
+  IPCHelper helper;
+  Host host;
+  std::thread setter([&helper] {
+    for (int i = 0; i < 500; ++i)
+      helper.SetDetectSlot(i % 2 == 0 ? IPCHelper::DetectSlot([](bool) {}) : nullptr);
+  });
+  for (int i = 0; i < 500; ++i) host.Send(ipc::kPluginModule, ipc::kDetectRequest, {0});
+  setter.join();
+  int calls = 0;
+  helper.SetDetectSlot([&calls](bool) { ++calls; });
+  host.Send(ipc::kPluginModule, ipc::kDetectRequest, {0});
+  EXPECT_EQ(calls, 1);
+}
+
+}  // namespace
+}  // namespace orv::sysdiagnose
