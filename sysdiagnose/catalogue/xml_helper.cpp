@@ -61,8 +61,13 @@ void XmlHelper::GetDetectItems(std::vector<tagDetectItem>& items) {
   const std::filesystem::path file = folder / common::BackslashPath(kListFile);
   if (!DE::FileExists(file)) return;
 
-  const common::XmlDocument document(common::ReadFile(file, common::kMaxXmlSize),
-                                     common::WideToUtf8(file.wstring()));
+  ParseDetectItems(common::ReadFile(file, common::kMaxXmlSize), common::WideToUtf8(file.wstring()),
+                   items);
+}
+
+void XmlHelper::ParseDetectItems(std::string_view xml, std::string_view name,
+                                 std::vector<tagDetectItem>& items) {
+  const common::XmlDocument document(xml, name);
   const auto* root = document.Root("sysdiagnose");
   if (root == nullptr) return;
   for (const auto* element = root->first_node("DetectItem"); element != nullptr;

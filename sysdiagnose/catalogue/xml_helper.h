@@ -16,6 +16,10 @@ class XmlHelper {
   /// root, there are none. Throws std::runtime_error "cannot open file <path>" for a file that
   /// cannot be read, common::XmlError for one that is not well formed.
   static void GetDetectItems(std::vector<tagDetectItem>& items);
+
+  /// Appends the supported items of a list; `name` stands in error messages. Throws as above.
+  static void ParseDetectItems(std::string_view xml, std::string_view name,
+                               std::vector<tagDetectItem>& items);
 };
 
 }  // namespace orv::sysdiagnose

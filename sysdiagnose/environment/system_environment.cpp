@@ -36,18 +36,6 @@ std::vector<MachineEntry>& ModelList() {
   return list;
 }
 
-// Type and signs carry over to entries that do not name their own.
-void ReadModels(const common::XmlElement* root, std::vector<MachineEntry>& list) {
-  std::string type;
-  std::string signs;
-  for (const auto* entry = root->first_node("machineType"); entry != nullptr;
-       entry = common::NextElement(entry)) {
-    if (const auto* child = entry->first_node("type")) type = common::ElementText(child);
-    if (const auto* child = entry->first_node("signList")) signs = common::ElementText(child);
-    if (!signs.empty()) list.push_back({type, DE::split(signs, ';')});
-  }
-}
-
 }  // namespace
 
 std::string SystemEnvironment::GetMachineType() {
@@ -100,11 +88,8 @@ void SystemEnvironment::GetSupportMachineList(std::vector<MachineEntry>& list) {
   }
   list.clear();
   try {
-    const common::XmlDocument document(common::ReadFile(file, common::kMaxXmlSize),
-                                       common::WideToUtf8(file.wstring()));
-    if (const auto* root = document.Root("machineTypelist")) {
-      ReadModels(root, list);
-    } else {
+    const std::string xml = common::ReadFile(file, common::kMaxXmlSize);
+    if (!ParseMachineList(xml, common::WideToUtf8(file.wstring()), list)) {
       SYSDIAGNOSE_LOG_ERROR(
           "GetSupportMachineList parse xml failed!(SystemEnvironment::GetSupportMachineList)");
     }

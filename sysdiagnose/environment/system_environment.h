@@ -4,13 +4,9 @@
 #include <string>
 #include <vector>
 
-namespace orv::sysdiagnose {
+#include "sysdiagnose/environment/machine_list.h"
 
-/// One model: its code name and the product names of the firmware that mean it.
-struct MachineEntry {
-  std::string type;
-  std::vector<std::string> signList;
-};
+namespace orv::sysdiagnose {
 
 /// Which model this device is. The model list is loaded on first need and kept while it holds
 /// entries; calls are for one thread at a time.
