@@ -63,6 +63,16 @@ std::vector<Client> ClientTable::Recipients(std::uint32_t target) {
   return recipients;
 }
 
+std::set<std::uint32_t> ClientTable::Ids() {
+  std::set<std::uint32_t> ids;
+  const std::lock_guard lock(mutex);
+  for (const Client& client : clients) {
+    ids.insert(client->moduleId);
+    ids.insert(client->groups.begin(), client->groups.end());
+  }
+  return ids;
+}
+
 std::optional<std::string> ClientTable::ModuleOf(const Client& client, HandlerSlot slot,
                                                  std::uint32_t target) {
   const std::lock_guard lock(mutex);

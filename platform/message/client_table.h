@@ -49,6 +49,9 @@ class ClientTable {
   /// The clients that a message to this module or group is for, in the order they came.
   std::vector<Client> Recipients(std::uint32_t target);
 
+  /// Every module id and group by which one of the clients is reached.
+  std::set<std::uint32_t> Ids();
+
   /// The module of the handler that a message to `target` calls now; nothing if there is none.
   std::optional<std::string> ModuleOf(const Client& client, HandlerSlot slot, std::uint32_t target);
 

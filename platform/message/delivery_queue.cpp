@@ -54,17 +54,30 @@ void Deliver(const Posted& message) {
 
 }  // namespace
 
+std::uint32_t SourceOf(const tagIPC_MESSAGE_ITEM& item, const Client& sender) {
+  return item.source == tagIPC_MESSAGE_ITEM().source ? sender->moduleId : item.source;
+}
+
 void DeliveryQueue::Post(Posted message) {
   const std::lock_guard lock(mutex);
+  // Under the lock, so that a capture shows the order of delivery.
+  CaptureMessage(message.item, message.body);
+  message.item.source = SourceOf(message.item, message.sender);
+  Add(std::move(message));
+}
+
+void DeliveryQueue::PostReceived(const tagIPC_MESSAGE_ITEM& item) {
+  std::vector<std::uint8_t> body(item.data, item.data + item.dataLength);
+  const std::lock_guard lock(mutex);
+  Add({nullptr, item, std::move(body)});
+}
+
+void DeliveryQueue::Add(Posted message) {
   if (deliveryThread == std::thread::id()) {
     std::thread thread([this] { DeliverForever(); });
     deliveryThread = thread.get_id();
     thread.detach();
   }
-  // Under the lock, so that a capture shows the order of delivery.
-  CaptureMessage(message.item, message.body);
-  if (message.item.source == tagIPC_MESSAGE_ITEM().source)
-    message.item.source = message.sender->moduleId;
   messages.push_back(std::move(message));
   ++postedCount;
   filled.notify_one();

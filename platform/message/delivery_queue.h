@@ -14,18 +14,27 @@ namespace message {
 
 /// A posted message with its own copy of the body.
 struct Posted {
-  Client sender;
+  Client sender;             // null for another process
   tagIPC_MESSAGE_ITEM item;  // its data pointer is not used
   std::vector<std::uint8_t> body;
 };
 
+/// The item's source; the sender's module id if the item leaves it open.
+std::uint32_t SourceOf(const tagIPC_MESSAGE_ITEM& item, const Client& sender);
+
 /// Messages on their way, and the thread that hands them to the clients' handlers one at a time.
 class DeliveryQueue {
  public:
+  /// Posts a message of this process, its source filled in if the sender left it open.
   void Post(Posted message);
+
+  /// Posts a message of another process; its body is copied.
+  void PostReceived(const tagIPC_MESSAGE_ITEM& item);
+
   void WaitUntilDelivered();
 
  private:
+  void Add(Posted message);
   void DeliverForever();
 
   std::mutex mutex;

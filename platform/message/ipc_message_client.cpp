@@ -8,32 +8,42 @@
 #include "platform/message/capture_line.h"
 #include "platform/message/client_table.h"
 #include "platform/message/delivery_queue.h"
+#include "platform/message/frame.h"
+#include "platform/message/uplink.h"
 
 namespace {
-
-constexpr std::uint32_t kMaxBodyBytes = 1 << 20;
 
 message::Registration MakeRegistration(message::Handler handler, const void* owner) {
   return {std::make_shared<const message::Handler>(std::move(handler)),
           os::ModuleFileOfAddress(owner)};
 }
 
+void TellIdsChanged() {
+  if (const auto uplink = message::CurrentUplink()) uplink->IdsChanged();
+}
+
 }  // namespace
 
 CIPCMessageClient::CIPCMessageClient(std::uint32_t moduleId, bool /*reserved*/)
-    : state(message::Clients().Add(moduleId)) {}
+    : state(message::Clients().Add(moduleId)) {
+  TellIdsChanged();
+}
 
 CIPCMessageClient::~CIPCMessageClient() {
   message::Clients().Remove(state);
+  TellIdsChanged();
 }
 
 bool CIPCMessageClient::SubscribeIPCMessage(std::uint32_t group, std::uint32_t /*reserved*/) {
   message::Clients().Subscribe(state, group);
+  TellIdsChanged();
   return true;
 }
 
 bool CIPCMessageClient::UnSubscribeIPCMessage(std::uint32_t group, std::uint32_t /*reserved*/) {
-  return message::Clients().Unsubscribe(state, group);
+  const bool wasSubscribed = message::Clients().Unsubscribe(state, group);
+  TellIdsChanged();
+  return wasSubscribed;
 }
 
 void CIPCMessageClient::UnRegisterMessageCallback(std::uint32_t messageId) {
@@ -54,7 +64,7 @@ void CIPCMessageClient::RegisterAll(message::Handler handler, const void* owner)
 }
 
 bool CIPCMessageClient::PostIPCMessage(const tagIPC_MESSAGE_ITEM& item) {
-  if (item.dataLength > kMaxBodyBytes || (item.dataLength > 0 && item.data == nullptr)) {
+  if (item.dataLength > message::kMaxBodyBytes || (item.dataLength > 0 && item.data == nullptr)) {
     COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.message"),
                      "message " + message::HexNumber(item.messageId) + " refused: a body of " +
                          std::to_string(item.dataLength) + " bytes");
@@ -62,6 +72,11 @@ bool CIPCMessageClient::PostIPCMessage(const tagIPC_MESSAGE_ITEM& item) {
   }
   std::vector<std::uint8_t> body(item.data, item.data + item.dataLength);
   message::Deliveries().Post({state, item, std::move(body)});
+  if (const auto uplink = message::CurrentUplink()) {
+    tagIPC_MESSAGE_ITEM sent = item;
+    sent.source = message::SourceOf(item, state);
+    uplink->Send(sent);
+  }
   return true;
 }
 

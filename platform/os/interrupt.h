@@ -4,8 +4,8 @@
 
 namespace os {
 
-/// From now on the first interrupt (Ctrl-C) calls `handler`, which may only touch lock-free
-/// atomics; the second ends the program at once with `exitStatus`. For a program's main.
+/// From now on the first interrupt (Ctrl-C, or the system's request to end) calls `handler`, which
+/// may only touch lock-free atomics; the second ends the program at once with `exitStatus`. For a program's main.
 UTIL_API void OnInterrupt(void (*handler)(), int exitStatus);
 
 /// Whether standard output is a terminal that a person watches.

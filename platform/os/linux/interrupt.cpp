@@ -28,6 +28,7 @@ void OnInterrupt(void (*handler)(), int exitStatus) {
   action.sa_handler = &Interrupted;
   action.sa_flags = SA_RESTART;
   sigaction(SIGINT, &action, nullptr);
+  sigaction(SIGTERM, &action, nullptr);
 }
 
 bool OutputIsTerminal() {

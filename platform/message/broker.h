@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
+#include "platform/os/export.h"
+
+namespace message {
+
+/// Thrown when another broker serves at the same socket; its text names the socket.
+class UTIL_API BrokerRuns : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Relays messages between the processes of one user. Its own process takes part without a
+/// connection; the others use ConnectToBroker.
+///
+/// Serves on a thread of its own until it is destroyed. A process whose bytes are no frames, or
+/// that lets more than 256 frames or 8 MiB wait, loses its connection; one log line says so.
+class UTIL_API Broker {
+ public:
+  /// Serves at this socket, which only the user of this process may use. The file that a dead
+  /// broker left is replaced; `socket`.lock lies beside it. Throws BrokerRuns; std::runtime_error
+  /// naming the path for one where no socket can be; std::logic_error when this process has a
+  /// broker or a connection already.
+  explicit Broker(const std::filesystem::path& socket);
+  Broker(const Broker&) = delete;
+  Broker& operator=(const Broker&) = delete;
+  ~Broker();
+
+ private:
+  class Core;
+  std::shared_ptr<Core> core;
+};
+
+}  // namespace message

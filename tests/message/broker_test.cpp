@@ -1,0 +1,328 @@
+#include "platform/message/broker.h"
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <deque>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <numeric>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/message/broker_connection.h"
+#include "platform/message/ipc_message_client.h"
+#include "platform/os/child_process.h"
+#include "tests/message/raw_peer.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/test_log.h"
+
+namespace {
+
+using message::Frame;
+using message::FrameKind;
+using testing::HasSubstr;
+using namespace std::chrono_literals;
+
+constexpr std::uint32_t kOwn = 0x390000;
+constexpr std::uint32_t kOther = 0x3A0000;
+constexpr std::uint32_t kGroup = 0x4000;
+
+// Whether `holds` comes true in time.
+template <typename Condition>
+bool Comes(Condition holds, std::chrono::seconds limit = 20s) {
+  const auto deadline = std::chrono::steady_clock::now() + limit;
+  while (!holds()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    std::this_thread::yield();
+  }
+  return true;
+}
+
+// Takes the log until this stands in it.
+bool IsLogged(const std::string& text) {
+  return Comes([&text, seen = std::string()]() mutable {
+    return (seen += TestLog::Instance().Take()).find(text) != std::string::npos;
+  });
+}
+
+// A client of this process and the ids of the messages that it got.
+class Listener {
+ public:
+  explicit Listener(std::uint32_t module) : client(module, false) {
+    client.RegisterMessageCallbackAll([this](const tagIPC_MESSAGE_ITEM& item) {
+      const std::lock_guard lock(mutex);
+      got[item.source].push_back(item.messageId);
+    });
+  }
+
+  std::vector<std::uint32_t> From(std::uint32_t source) {
+    const std::lock_guard lock(mutex);
+    return got[source];
+  }
+
+  void Post(std::uint32_t target, std::uint32_t messageId,
+            const std::vector<std::uint8_t>& body = {}) {
+    tagIPC_MESSAGE_ITEM item;
+    item.target = target;
+    item.messageId = messageId;
+    item.data = body.data();
+    item.dataLength = static_cast<std::uint32_t>(body.size());
+    EXPECT_TRUE(client.PostIPCMessage(item));
+  }
+
+  // Asks again until the other process answers.
+  bool IsAnsweredBy(std::uint32_t module) {
+    const auto before = From(module).size();
+    for (int i = 0; i < 2000; ++i) {
+      Post(module, 1);
+      for (int wait = 0; wait < 10; ++wait) {
+        if (From(module).size() > before) return true;
+        std::this_thread::sleep_for(1ms);
+      }
+    }
+    return false;
+  }
+
+  CIPCMessageClient client;
+
+ private:
+  std::mutex mutex;
+  std::map<std::uint32_t, std::vector<std::uint32_t>> got;
+};
+
+class BrokerTest : public testing::Test {
+ protected:
+  // Returns when everything written before by this peer has had its effect.
+  void Settle(RawPeer& peer, Listener& listener) {
+    const auto before = listener.From(0x99).size();
+    peer.Post(kOwn, 0x99, 0);
+    EXPECT_TRUE(Comes([&] { return listener.From(0x99).size() > before; }));
+  }
+
+  std::unique_ptr<os::ChildProcess> StartEcho() {
+    return Start({PEER_PROGRAM, "echo", socket.string(), std::to_string(kOther)});
+  }
+  std::unique_ptr<os::ChildProcess> Start(const std::vector<std::string>& arguments) {
+    return std::make_unique<os::ChildProcess>(arguments);
+  }
+
+  const TemporaryFolder folder;
+  const std::filesystem::path socket = folder.path / "test.sock";
+};
+
+TEST_F(BrokerTest, RelaysToThoseWhoAnnouncedTheTargetAndNeverBack) {
+  message::Broker broker(socket);
+  EXPECT_EQ(std::filesystem::status(socket).permissions(), std::filesystem::perms{0600});
+  Listener listener(kOwn);
+  listener.client.SubscribeIPCMessage(kGroup, 0);
+  RawPeer first(socket, {1, kGroup});
+  RawPeer second(socket, {2, kGroup});
+  Settle(first, listener);
+  Settle(second, listener);
+
+  first.Post(2, 1, 10);
+  first.Post(1, 1, 11);
+  first.Post(kGroup, 1, 12);
+  second.Write(message::EncodeIds(FrameKind::Withdraw, {kGroup}));
+  Settle(first, listener);
+  Settle(second, listener);
+  listener.Post(kGroup, 13);
+  listener.Post(2, 14, {1, 2});
+
+  EXPECT_EQ(first.Read()->messageId, 13u) << "not its own posts";
+  EXPECT_EQ(second.Read()->messageId, 10u);
+  EXPECT_EQ(second.Read()->messageId, 12u);
+  const Frame last = *second.Read();
+  EXPECT_EQ(last.messageId, 14u) << "no longer in the group";
+  EXPECT_EQ(last.source, kOwn);
+  EXPECT_EQ(last.body, (std::vector<std::uint8_t>{1, 2}));
+  EXPECT_THAT(listener.From(1), testing::ElementsAre(12u));
+}
+
+TEST_F(BrokerTest, EndsOnlyTheConnectionWhoseBytesAreWrong) {
+  TestLog::Instance().Take();
+  message::Broker broker(socket);
+  Listener listener(kOwn);
+  RawPeer good(socket, {1});
+  const auto hello = message::EncodeHello();
+  const auto bodied = message::EncodeFrame({FrameKind::Message, kOwn, 1, 1, 0, {1, 2, 3, 4}});
+  const auto newer = message::EncodeFrame({FrameKind::Hello, 2, 0, 0, 0, {}});
+  std::vector<std::uint32_t> tooMany(5000);
+  std::iota(tooMany.begin(), tooMany.end(), 1);
+  const struct {
+    bool greets;
+    std::vector<std::uint8_t> bytes;
+    const char* reason;
+  } kCases[] = {
+      {true, {1, 0, 0, 0}, "a frame of 1 bytes"},
+      {true, {0xFF, 0xFF, 0xFF, 0xFF}, "a frame of 4294967295 bytes"},
+      {true, {20, 0, 0, 0, 9, 0, 0, 0}, "a frame of kind 9"},
+      {true, hello, "a second hello"},
+      {true, message::EncodeIds(FrameKind::Announce, tooMany), "too many ids announced"},
+      {false, bodied, "a message before the hello"},
+      {false, message::EncodeIds(FrameKind::Announce, {1}), "no hello at the beginning"},
+      {false, newer, "version 2 of the protocol"},
+  };
+  for (const auto& [greets, bytes, reason] : kCases) {
+    RawPeer bad(socket);
+    if (greets) bad.Write(hello);
+    bad.Write(bytes);
+    EXPECT_FALSE(bad.Read()) << reason;
+    EXPECT_TRUE(IsLogged(reason)) << reason;
+    Settle(good, listener);
+  }
+  { RawPeer(socket).Write({bodied.begin(), bodied.end() - 1}); }
+  EXPECT_TRUE(IsLogged("it ended inside a frame"));
+  EXPECT_TRUE(listener.From(1).empty()) << "no message came of it";
+  Settle(good, listener);
+}
+
+TEST_F(BrokerTest, DropsOnlyTheOneWhoDoesNotRead) {
+  TestLog::Instance().Take();
+  message::Broker broker(socket);
+  Listener listener(kOwn);
+  RawPeer slow(socket, {1, kGroup});
+  RawPeer good(socket, {2, kGroup});
+  Settle(slow, listener);
+  Settle(good, listener);
+
+  std::uint32_t sent = 0;
+  while (sent < 2000 && TestLog::Instance().Take().find("reads too slowly") == std::string::npos) {
+    listener.Post(kGroup, sent++);
+    EXPECT_EQ(good.Read()->messageId, sent - 1);
+  }
+  EXPECT_LT(sent, 2000u);
+  for (std::uint32_t i = 0; i < 7; ++i)
+    listener.Post(2, i, std::vector<std::uint8_t>(message::kMaxBodyBytes, 1));
+  for (std::uint32_t i = 0; i < 7; ++i) {
+    const auto large = good.Read();
+    ASSERT_TRUE(large) << "seven megabytes may wait";
+    EXPECT_EQ(large->body.size(), message::kMaxBodyBytes);
+  }
+  std::uint32_t received = 0;
+  while (slow.Read()) ++received;
+  EXPECT_LT(received, sent);
+}
+
+TEST_F(BrokerTest, ServesAHundredProcessesAndKeepsTheOrderOfEach) {
+  constexpr std::uint32_t kPeers = 100;
+  constexpr std::uint32_t kMessages = 50;
+  message::Broker broker(socket);
+  Listener listener(kOwn);
+  std::deque<RawPeer> peers;
+  for (std::uint32_t i = 0; i < kPeers; ++i) {
+    peers.emplace_back(socket, std::vector<std::uint32_t>{1000 + i, kGroup});
+    Settle(peers.back(), listener);
+  }
+  for (std::uint32_t id = 0; id < kMessages; ++id) {
+    for (std::uint32_t i = 0; i < kPeers; ++i) peers[i].Post(kOwn, 1000 + i, id);
+    for (std::uint32_t i = 0; i < kPeers; ++i) peers[i].Post(1000 + (i + 1) % kPeers, i, id);
+    listener.Post(kGroup, id);
+  }
+  std::vector<std::uint32_t> inOrder;
+  for (std::uint32_t id = 0; id < kMessages; ++id) inOrder.push_back(id);
+  for (std::uint32_t i = 0; i < kPeers; ++i) {
+    EXPECT_TRUE(Comes([&] { return listener.From(1000 + i).size() == kMessages; }));
+    EXPECT_EQ(listener.From(1000 + i), inOrder);
+    std::map<std::uint32_t, std::vector<std::uint32_t>> got;
+    for (std::uint32_t n = 0; n < 2 * kMessages; ++n) {
+      const Frame frame = *peers[i].Read();
+      got[frame.source].push_back(frame.messageId);
+    }
+    EXPECT_EQ(got[kOwn], inOrder);
+    EXPECT_EQ(got[(i + kPeers - 1) % kPeers], inOrder);
+  }
+}
+
+TEST_F(BrokerTest, ReplacesADeadBrokersSocketButNotALivingOnes) {
+  {
+    asio::io_context context;
+    asio::local::stream_protocol::acceptor(context, socket.string());
+  }
+  ASSERT_TRUE(std::filesystem::exists(socket)) << "left behind";
+  {
+    const auto other = Start({PEER_PROGRAM, "broker", socket.string()});
+    EXPECT_TRUE(Comes([&] {
+      try {
+        RawPeer peer(socket);
+        return true;
+      } catch (const std::system_error&) {
+        return false;
+      }
+    }));
+    EXPECT_THAT([&] { message::Broker second(socket); },
+                testing::ThrowsMessage<message::BrokerRuns>(socket.string() +
+                                                            ": another broker serves there"));
+    other->Kill();
+  }
+  const message::Broker next(socket);
+  RawPeer peer(socket, {1});
+  EXPECT_THROW(message::ConnectToBroker(socket), std::logic_error) << "it is the broker itself";
+
+  EXPECT_THAT([&] { message::Broker nowhere(folder.path / "none/a.sock"); },
+              testing::ThrowsMessage<std::runtime_error>(HasSubstr("none/a.sock")));
+  EXPECT_THAT([&] { message::Broker far(folder.path / std::string(200, 'x')); },
+              testing::ThrowsMessage<std::runtime_error>(HasSubstr("too long for a socket")));
+}
+
+TEST_F(BrokerTest, IsReachedAgainByItsClientsAfterARestart) {
+  TestLog::Instance().Take();
+  Listener listener(kOwn);
+  auto broker = std::make_unique<message::Broker>(socket);
+  const auto echo = StartEcho();
+  EXPECT_TRUE(listener.IsAnsweredBy(kOther));
+  broker = nullptr;
+  listener.Post(kOther, 2);
+  broker = std::make_unique<message::Broker>(socket);
+  EXPECT_TRUE(listener.IsAnsweredBy(kOther));
+  EXPECT_THAT(listener.From(kOther), testing::Each(1u)) << "what was posted meanwhile is dropped";
+}
+
+TEST_F(BrokerTest, StaysWhenAClientIsKilled) {
+  message::Broker broker(socket);
+  Listener listener(kOwn);
+  listener.client.SubscribeIPCMessage(0x5000, 0);
+  std::minstd_rand random(1);
+  for (int i = 0; i < 100; ++i) {
+    const auto echo = StartEcho();
+    const bool answered = i % 4 != 0 || listener.IsAnsweredBy(kOther);
+    EXPECT_TRUE(answered);
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 20000));
+    echo->Kill();
+  }
+  const auto echo = StartEcho();
+  EXPECT_TRUE(listener.IsAnsweredBy(kOther));
+}
+
+TEST_F(BrokerTest, IsReachedAgainByAClientWhenItWasKilled) {
+  TestLog::Instance().Take();
+  EXPECT_FALSE(message::ConnectToBroker(socket));
+  {
+    Listener listener(kOwn);
+    std::minstd_rand random(2);
+    for (int i = 0; i < 100; ++i) {
+      const auto broker = Start({PEER_PROGRAM, "broker", socket.string()});
+      const bool answered = i % 4 != 0 || listener.IsAnsweredBy(1);
+      EXPECT_TRUE(answered);
+      std::this_thread::sleep_for(std::chrono::microseconds(random() % 20000));
+      listener.Post(1, 2);
+      broker->Kill();
+    }
+    const auto broker = Start({PEER_PROGRAM, "broker", socket.string()});
+    EXPECT_TRUE(listener.IsAnsweredBy(1));
+    EXPECT_TRUE(message::IsConnectedToBroker());
+    Listener later(0x77);
+    EXPECT_TRUE(later.IsAnsweredBy(1)) << "a client made while connected is announced";
+  }
+  message::DisconnectFromBroker();
+  EXPECT_FALSE(message::IsConnectedToBroker());
+  const std::string log = TestLog::Instance().Take();
+  EXPECT_THAT(log, HasSubstr("test.sock is lost"));
+  EXPECT_THAT(log, HasSubstr("test.sock is reached"));
+}
+
+}  // namespace
