@@ -86,6 +86,14 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
       ->type_name("N")
       ->check(CLI::Range(1, 90))
       ->capture_default_str();
+  CLI::App* const serve =
+      command("serve", "Relay messages between this user's programs until Ctrl-C", Command::Serve);
+  CLI::App* const logs = command(
+      "logs", "Log files that can be uploaded, asked of the companion service", Command::Logs);
+  logs->add_flag("--upload", arguments.upload, "Pack them into the outbox of the data folder");
+  for (CLI::App* user : {serve, logs})
+    user->add_option("--socket", arguments.socket, "Socket of the broker (default: the user's)")
+        ->type_name("FILE");
 
   try {
     app.parse(argc, argv);

@@ -9,7 +9,7 @@
 
 namespace cli {
 
-enum class Command { List, Info, Run, History };
+enum class Command { List, Info, Run, History, Serve, Logs };
 
 struct Arguments {
   std::filesystem::path machineFile;
@@ -22,6 +22,8 @@ struct Arguments {
   Command command = Command::List;
   std::vector<orv::sysdiagnose::enmHardwareID> categories;  // none: all that are offered
   int historyCount = 12;
+  std::filesystem::path socket;  // empty: the user's own
+  bool upload = false;
 };
 
 /// What the user typed cannot be meant; the text says what is wrong, in one line.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <vector>
 
 #include "cli/arguments.h"
@@ -19,6 +20,11 @@ int RunList(const Arguments& arguments);
 int RunInfo(const Arguments& arguments);
 int RunDiagnosis(const Arguments& arguments);
 int RunHistory(const Arguments& arguments);
+int RunServe(const Arguments& arguments);
+int RunLogs(const Arguments& arguments);
+
+/// The socket named, or this user's own.
+std::filesystem::path BrokerSocket(const Arguments& arguments);
 
 /// The categories named, or all offered ones in catalogue order.
 std::vector<orv::sysdiagnose::enmHardwareID> SelectedCategories(const Arguments& arguments);

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "sysdiagnose/records/log_item.h"
+
+namespace cli {
+
+/// The talk with the companion service, through the plugin's own message helper.
+class LogTalk {
+ public:
+  using Items = std::vector<orv::sysdiagnose::SYSTEM_DETECT_LOG_ITEM>;
+
+  /// An interrupt from now on ends every wait.
+  LogTalk();
+  LogTalk(const LogTalk&) = delete;
+  LogTalk& operator=(const LogTalk&) = delete;
+  ~LogTalk();
+
+  /// Whether there are logs; nothing when no service answers in time.
+  std::optional<bool> AskWhetherThereAreLogs(std::chrono::milliseconds limit);
+
+  /// The log items, up to and with the application log or what has come at the limit.
+  Items AskForList(std::chrono::milliseconds limit);
+
+  void AskToPack() { Post(0x3B0003, 0, true); }
+  void AskToDiscard() { Post(0x3B0004, 0, true); }
+
+  static bool Interrupted();
+
+ private:
+  void Post(std::uint32_t messageId, std::uint32_t replyId, bool withByte);
+
+  template <typename Condition>
+  void Wait(std::chrono::milliseconds limit, Condition holds);
+
+  std::mutex mutex;
+  std::condition_variable answered;
+  std::optional<bool> available;
+  Items items;
+};
+
+}  // namespace cli

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace companion {
+
+/// Whose log a file is. Published numbers.
+enum class LogModule : std::int32_t { Programs = 1, Events = 2, Application = 4 };
+
+struct LogFile {
+  LogModule module;
+  std::filesystem::path file;
+};
+
+/// The logs of one data folder, and the outbox in it. One thread.
+class LogFiles {
+ public:
+  explicit LogFiles(std::filesystem::path dataFolder);
+
+  /// The files with content that lie ready: those of log/, and the events.
+  std::vector<LogFile> Ready() const;
+
+  /// Writes the last lines of the logs to outbox/application-log.txt, identifiers hashed. Throws
+  /// std::runtime_error naming a file that cannot be written.
+  LogFile ProduceApplicationLog();
+
+  /// Packs the files, identifiers hashed, into a new outbox/logs-<date>-<time>.tar.gz and returns
+  /// its path; it appears when it is whole. Throws std::runtime_error saying what failed.
+  std::filesystem::path Pack(const std::vector<LogFile>& files);
+
+  /// Removes what was produced and not packed.
+  void Discard();
+
+ private:
+  const std::vector<std::string>& Identifiers();
+  void CopyHashed(const std::filesystem::path& from, const std::filesystem::path& to);
+  std::filesystem::path NewArchive() const;
+
+  const std::filesystem::path folder;
+  const std::filesystem::path outbox;
+  std::vector<std::string> identifiers;
+  bool identifiersKnown = false;
+};
+
+}  // namespace companion
