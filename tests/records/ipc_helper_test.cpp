@@ -33,6 +33,7 @@ class Host {
     item.data = body.data();
     client.PostIPCMessage(item);
     message::WaitUntilDelivered();
+    message::WaitUntilDelivered();  // the answers, which were posted meanwhile
   }
 
   std::vector<tagIPC_MESSAGE_ITEM> received;
