@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/os/module_pin.h"
+#include "platform/os/paths.h"
 
 namespace os {
 namespace {
@@ -35,8 +36,10 @@ ModuleHandle FindLoadedModule(const char* name) {
   return module;
 }
 
+// By full path: the loader's own search depends on who is seen as its caller.
 ModuleHandle LoadModule(const std::filesystem::path& name) {
-  return dlopen(FileName(name.string()).c_str(), RTLD_NOW | RTLD_LOCAL);
+  const std::filesystem::path file = InstallationFolder() / FileName(name.string());
+  return dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
 }
 
 void FreeModule(ModuleHandle module) {
