@@ -27,7 +27,7 @@ std::mutex& OneAtATime() {
   return mutex;
 }
 
-void Wait(milliseconds time) {
+void Pause(milliseconds time) {
   os::CurrentClock().Sleep(time);
 }
 
@@ -89,7 +89,7 @@ void QuietRuns::State::Detect(const CategoryResultCallback& categoryResult) {
     if (stopRequested) break;
     const bool normal = DetectCategory(item);
     if (categoryResult) categoryResult(item.id, normal);
-    Wait(kAfterCategory);
+    Pause(kAfterCategory);
   }
   Post();
 }
@@ -109,7 +109,7 @@ bool QuietRuns::State::DetectCategory(const tagDetectItem& item) {
 
 void QuietRuns::State::Repair(const std::vector<enmHardwareID>& categories) {
   Post();
-  Wait(kBeforeRepairs);
+  Pause(kBeforeRepairs);
   for (const enmHardwareID category : categories) {
     if (!repairs.contains(category) || !RepairCategory(category)) continue;
     repairs.erase(category);
@@ -117,7 +117,7 @@ void QuietRuns::State::Repair(const std::vector<enmHardwareID>& categories) {
       if (entry.category == category) ShowOutcome(entry, {});
   }
   Post();
-  Wait(kBeforeLastSummary);
+  Pause(kBeforeLastSummary);
   Post();
 }
 
@@ -128,7 +128,7 @@ bool QuietRuns::State::RepairCategory(enmHardwareID category) {
     HardwareRepairHelper::Instance().Repair(repair.command, repair.parameter, result);
     repaired = repaired && result.code == 0;
     Post();
-    Wait(kAfterRepair);
+    Pause(kAfterRepair);
   }
   return repaired;
 }
