@@ -36,10 +36,7 @@ enmHardwareID ParseCategory(const std::string& text) {
   return static_cast<enmHardwareID>(number);
 }
 
-// The first line alone: errors of the parser may have several.
-std::string FirstLine(const std::string& text) {
-  return text.substr(0, text.find('\n'));
-}
+constexpr const char* kSeeHelp = "; see sysdiagnose --help";
 
 }  // namespace
 
@@ -92,8 +89,13 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   } catch (const CLI::Success& help) {
     app.exit(help);
     return false;
+  } catch (const CLI::RequiredError& error) {
+    const std::vector<std::string> unknown = app.remaining();
+    throw UsageError((unknown.empty() ? std::string(error.what())
+                                      : "unknown command or option \"" + unknown.front() + '"') +
+                     kSeeHelp);
   } catch (const CLI::ParseError& error) {
-    throw UsageError(FirstLine(error.what()) + "; see sysdiagnose --help");
+    throw UsageError(std::string(error.what()) + kSeeHelp);
   }
   std::transform(categories.begin(), categories.end(), std::back_inserter(arguments.categories),
                  &ParseCategory);

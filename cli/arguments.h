@@ -24,7 +24,8 @@ struct Arguments {
   int historyCount = 12;
 };
 
-/// What the user typed cannot be meant; the text says what is wrong, in one line.
+/// What the user typed cannot be meant; the text says what is wrong. It quotes what was typed as it
+/// is, control characters included.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

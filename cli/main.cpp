@@ -4,6 +4,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/language.h"
+#include "cli/terminal_text.h"
 #include "common/text.h"
 #include "platform/concurrency/task.h"
 #include "platform/duilib/culture.h"
@@ -45,7 +46,8 @@ int main(int argc, char** argv) {
     SetUp(arguments);
     status = kCommands[static_cast<std::size_t>(arguments.command)](arguments);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "sysdiagnose: %s\n", error.what());
+    const std::string line = cli::Printable(common::Utf8ToWide(error.what()));
+    std::fprintf(stderr, "sysdiagnose: %s\n", line.c_str());
   }
   concurrency::wait_until_idle();
   message::WaitUntilDelivered();

@@ -23,6 +23,7 @@ void CancelRun() {
 
 int RunDiagnosis(const Arguments& arguments) {
   const std::vector<enmHardwareID> selection = SelectedCategories(arguments);
+  DetectCatalogue::Instance();
   concurrency::wait_until_idle();  // the summary then carries the device texts
 
   const std::unique_ptr<RunPrinter> printer =
