@@ -74,10 +74,16 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   command("info", "Information sheets; of all offered categories if none is named", Command::Info)
       ->add_option("category", categories, categoryHelp)
       ->type_name("CATEGORY");
-  command("run", "Test categories in the order given; all offered ones if none is named",
-          Command::Run)
-      ->add_option("category", categories, categoryHelp)
-      ->type_name("CATEGORY");
+  CLI::App* run = command(
+      "run", "Test categories in the order given; all offered ones if none is named", Command::Run);
+  run->add_option("category", categories, categoryHelp)->type_name("CATEGORY");
+  CLI::App* check = command("check", "Check all offered categories as the manager's main page does",
+                            Command::Check);
+  for (CLI::App* sub : {run, check}) {
+    sub->add_flag("--repair", arguments.repair, "Then make the repairs offered; asks first");
+    sub->add_flag("--yes", arguments.assumeYes, "Do not ask before a repair")->needs("--repair");
+  }
+  command("scan", "Information sheets of all offered categories, as they are found", Command::Scan);
   command("history", "Latest run of each day, newest first", Command::History)
       ->add_option("--count", arguments.historyCount, "Number of days at most")
       ->type_name("N")

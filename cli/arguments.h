@@ -9,7 +9,7 @@
 
 namespace cli {
 
-enum class Command { List, Info, Run, History };
+enum class Command { List, Info, Run, History, Scan, Check };
 
 struct Arguments {
   std::filesystem::path machineFile;
@@ -22,6 +22,8 @@ struct Arguments {
   Command command = Command::List;
   std::vector<orv::sysdiagnose::enmHardwareID> categories;  // none: all that are offered
   int historyCount = 12;
+  bool repair = false;     // repair what can be repaired after a run or a check
+  bool assumeYes = false;  // do not ask before a repair
 };
 
 /// What the user typed cannot be meant; the text says what is wrong. It quotes what was typed as it

@@ -68,6 +68,30 @@ class TextRunPrinter final : public RunPrinter {
     Close(Coloured(Colour::Red, "The run failed: ") + Printable(common::Utf8ToWide(error)));
   }
 
+  void RepairCategoryStart(int, enmHardwareID category) override {
+    live.PrintAbove(Coloured(Colour::Bold, "Repairing " + Printable(CaptionOf(category))));
+  }
+
+  void RepairStart(int, enmHardwareID, const tagRepairItemInfo& repair) override {
+    live.Show("  " + Printable(repair.command) + "…");
+  }
+
+  void RepairResult(int, enmHardwareID, const tagRepairItemInfo& repair,
+                    const HardwareDetect::tagHARDWARE_REPAIR_RESULT& result) override {
+    live.PrintAbove("  " +
+                    (result.code == 0 ? Coloured(Colour::Green, "repaired")
+                                      : Coloured(Colour::Red, "FAILED  ")) +
+                    "  " + Printable(result.text.empty() ? repair.command : result.text));
+  }
+
+  void RepairCategoryResult(bool, enmHardwareID, int) override {}
+
+  void RepairFinished(bool all, bool restart, int) override {
+    live.Clear();
+    std::printf("\n%s\n", all ? "Every repair succeeded." : "Not every repair succeeded.");
+    if (restart) std::puts("Restart the computer for the repairs to take effect.");
+  }
+
   void Record(const RunRecord& record) override {
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begun;
     std::printf("\nCategories: %lld normal, %lld abnormal. Took %.1f s, kept as %s.\n",

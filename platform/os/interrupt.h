@@ -11,7 +11,7 @@ UTIL_API void OnInterrupt(void (*handler)(), int exitStatus);
 /// Whether standard output is a terminal that a person watches.
 UTIL_API bool OutputIsTerminal();
 
-/// Ends the process at once: no destructor runs, no thread is waited for.
-[[noreturn]] UTIL_API void EndProcess(int exitStatus);
+/// Whether standard input is a terminal, where a person can answer.
+UTIL_API bool InputIsTerminal();
 
 }  // namespace os
