@@ -23,6 +23,7 @@ class TextRunPrinter final : public RunPrinter {
   explicit TextRunPrinter(std::vector<enmHardwareID> selected) : selection(std::move(selected)) {}
 
   void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
+    ShowHeading();
     EnterCategory(category);
     announced = info.caption;
     line.Show("[" + std::to_string(position + 1) + "/" + std::to_string(selection.size()) + "] " +
@@ -32,8 +33,11 @@ class TextRunPrinter final : public RunPrinter {
   void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail) override {
     const std::string mark =
         detail.normal ? Coloured(Colour::Green, "ok      ") : Coloured(Colour::Red, "ABNORMAL");
+    announced.clear();
     if (!detail.caption.empty()) line.PrintAbove("  " + mark + "  " + Printable(detail.caption));
-    if (!detail.normal) Note(category, detail.caption + Dash(detail.hint));
+    if (detail.normal) return;
+    const std::wstring device = heading.empty() ? heading : heading + L", ";
+    Note(category, device + detail.caption + Dash(detail.hint));
   }
 
   void CategoryUnknown(enmHardwareID category, const std::wstring& text) override {
@@ -57,6 +61,9 @@ class TextRunPrinter final : public RunPrinter {
   }
 
   void Record(const RunRecord& record) override {
+    for (std::size_t i = 0; i < record.results.size(); ++i)
+      if (record.results[i] == kAbnormal && !IsNoted(kRecordOrder[i]))
+        std::printf("  %s\n", Coloured(Colour::Red, Printable(CaptionOf(kRecordOrder[i]))).c_str());
     std::printf("\n%lld normal, %lld abnormal (%s)\n", static_cast<long long>(record.passCount),
                 static_cast<long long>(record.failCount), record.dateTime.c_str());
   }
@@ -66,6 +73,14 @@ class TextRunPrinter final : public RunPrinter {
     return text.empty() ? std::wstring() : L" - " + text;
   }
 
+  // An announcement without a result is the heading of what follows: the name of a disk.
+  void ShowHeading() {
+    if (announced.empty()) return;
+    heading = std::move(announced);
+    announced.clear();
+    line.PrintAbove("  " + Printable(heading));
+  }
+
   // Categories come in the order of the selection; one that shows nothing is passed over.
   void EnterCategory(enmHardwareID category) {
     if (entered && selection[position] == category) return;
@@ -73,6 +88,7 @@ class TextRunPrinter final : public RunPrinter {
     position =
         static_cast<std::size_t>(std::find(from, selection.end(), category) - selection.begin());
     entered = true;
+    heading.clear();
     line.PrintAbove(Coloured(Colour::Bold, Printable(CaptionOf(category))));
   }
 
@@ -80,7 +96,13 @@ class TextRunPrinter final : public RunPrinter {
     failures.push_back({category, text});
   }
 
+  bool IsNoted(enmHardwareID category) const {
+    return std::any_of(failures.begin(), failures.end(),
+                       [category](const FailedItem& item) { return item.category == category; });
+  }
+
   void Close(const std::string& verdict) {
+    ShowHeading();
     line.Clear();
     std::printf("\n%s\n", verdict.c_str());
     for (const FailedItem& failure : failures)
@@ -92,7 +114,8 @@ class TextRunPrinter final : public RunPrinter {
   const std::vector<enmHardwareID> selection;
   std::size_t position = 0;
   bool entered = false;
-  std::wstring announced;
+  std::wstring announced;  // without a result so far
+  std::wstring heading;
   std::vector<FailedItem> failures;
   LiveLine line;
 };
