@@ -156,23 +156,4 @@ TEST_F(ExitStatusTest, ATestThatThrowsFailsTheRunAndLeavesTheDataUsable) {
   EXPECT_EQ(R"({"type":"record",)" + History().substr(1), Lines(next.output).back() + "\n");
 }
 
-TEST_F(ExitStatusTest, TextForPeopleHasNoControlCharacterOfADevice) {
-  const std::vector<std::string> odd{"--machine", TEST_DATA_DIR "/../machine/files/odd.json"};
-  for (const char* command : {"list", "info", "run", "history"}) {
-    std::vector<std::string> words = Words(odd, {command});
-    std::erase(words, "--json");
-    const Outcome outcome = RunProgram(words);
-    EXPECT_EQ(outcome.errors, "");
-    EXPECT_GT(Lines(outcome.output).size(), 0u);
-    EXPECT_TRUE(std::none_of(outcome.output.begin(), outcome.output.end(), [](char c) {
-      return (static_cast<unsigned char>(c) < 0x20 && c != '\n') || c == 0x7F;
-    })) << outcome.output;
-    for (const char* broken : {"\u0085", "\u2028", "\n2024-01-01", "\nseconde"})
-      EXPECT_EQ(outcome.output.find(broken), std::string::npos) << outcome.output;
-    if (command == std::string("list")) {
-      EXPECT_NE(outcome.output.find("Sample ?Audio"), std::string::npos) << outcome.output;
-    }
-  }
-}
-
 }  // namespace
