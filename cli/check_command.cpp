@@ -102,14 +102,13 @@ int RunCheck(const Arguments& arguments) {
                  Printable(common::Utf8ToWide(error)).c_str());
   };
   QuietRuns runs;
+  Interruptible interruptible;
   runs.BeginDetection({}, {}, failed);
-  {
-    const Interruptible interruptible([&] {
-      stopped = true;
-      runs.RequestStop();
-    });
-    runs.Wait();
-  }
+  interruptible.Cancels([&] {
+    stopped = true;
+    runs.RequestStop();
+  });
+  runs.Wait();
   if (arguments.repair && status == kAllNormal && !stopped) {
     std::vector<enmHardwareID> chosen;
     for (const auto& [category, entries] : ChooseRepairs(arguments, runs.OfferedRepairs()))

@@ -88,7 +88,7 @@ class Diagnosis {
   }
 
   void WaitForEnd() {
-    const Interruptible interruptible([this] { engine.CancelDetect(); });
+    interruptible.Cancels([this] { engine.CancelDetect(); });
     engine.Wait();
     if (ended != kRunFailed) printer.Record(engine.Record());
   }
@@ -98,6 +98,7 @@ class Diagnosis {
   std::set<enmHardwareID> troubled;  // categories with an abnormal item, disks included
   ExitStatus ended = kAllNormal;     // how the last run came to an end
   DiagnoseEngine engine;
+  Interruptible interruptible;  // after the engine that it cancels
 };
 
 }  // namespace

@@ -70,6 +70,7 @@ int RunScan(const Arguments& arguments) {
   ScanPrinter printer(arguments.json);
   int status = kAllNormal;
   HardwareScan scan;
+  Interruptible interruptible;
   scan.Start(
       [&](enmHardwareID category, tagHardwareDetailInfo& row) {
         printer.Row(category, row);
@@ -84,7 +85,7 @@ int RunScan(const Arguments& arguments) {
         status = kRunFailed;
         printer.Failed(error);
       });
-  const Interruptible interruptible([&scan] { scan.Cancel(); });
+  interruptible.Cancels([&scan] { scan.Cancel(); });
   scan.Wait();
   return status;
 }
