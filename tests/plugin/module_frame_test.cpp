@@ -139,15 +139,14 @@ TEST_F(ModuleFrameTest, TheManagerIsOfferedTheIdsOfAllTablesUpToItsLimit) {
                                                             {64, 1}, {63, 2}, {70}};
   for (const auto& sizes : tableSizes) {
     SCOPED_TRACE(testing::PrintToString(sizes));
-    std::vector<std::string> ids;
-    for (int i = 0; i < 100; ++i) ids.push_back("class" + std::to_string(i));
+    std::vector<std::string> ids(100);
+    for (std::size_t i = 0; i < ids.size(); ++i) ids[i] = "class" + std::to_string(i);
     std::vector<std::vector<x3::ClassEntry>> rows;
     std::size_t used = 0;
     for (const std::size_t size : sizes) {
-      auto& table = rows.emplace_back();
+      auto& table = rows.emplace_back(size + 1);  // the last row stays empty
       for (std::size_t i = 0; i < size; ++i)
-        table.push_back({x3::kOrdinaryType, "", ids[used++].c_str(), &MakeNothing, &Has<>});
-      table.push_back({});
+        table[i] = {x3::kOrdinaryType, "", ids[used++].c_str(), &MakeNothing, &Has<>};
     }
     tables.clear();
     for (const auto& table : rows) tables.push_back(table.data());

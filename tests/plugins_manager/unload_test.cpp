@@ -6,8 +6,8 @@
 #include "platform/duilib/ui_main_queue.h"
 #include "platform/message/ipc_message_client.h"
 #include "platform/plugins_manager/plugin_interfaces.h"
-#include "tests/plugins_manager/linux/process_counts.h"
 #include "tests/plugins_manager/manager_functions.h"
+#include "tests/plugins_manager/process_counts.h"
 #include "tests/plugins_manager/work.h"
 #include "tests/support/test_log.h"
 
@@ -147,7 +147,7 @@ TEST_F(UnloadTest, AThousandRoundsWithWorkUnderWayLoseNothing) {
   EXPECT_EQ(ProcessCounts::Now(), early);
 }
 
-// The host may let go of a plugin that was loaded twice only once.
+// A plugin that was loaded twice stays until both are given back.
 TEST_F(UnloadTest, EachLoadIsGivenBackOnce) {
   EXPECT_FALSE(manager.load("/nowhere/libNone.so"));
   ASSERT_TRUE(manager.load(PLUGIN));
