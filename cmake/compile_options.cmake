@@ -10,10 +10,6 @@ if(SYSDIAGNOSE_SANITIZE)
   add_compile_options(-fsanitize=${SYSDIAGNOSE_SANITIZE} -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${SYSDIAGNOSE_SANITIZE})
-  # g++ warns of each fence below the thread sanitizer; those are the sockets library's own.
-  if(SYSDIAGNOSE_SANITIZE STREQUAL "thread" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    add_compile_options(-Wno-tsan)
-  endif()
 endif()
 if(SYSDIAGNOSE_SANITIZE STREQUAL "thread")
   # The thread sanitizer knows no fences; the locks around them do without.

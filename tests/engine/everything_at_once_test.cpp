@@ -46,6 +46,8 @@ class Host {
     });
   }
 
+  ~Host() { message::WaitUntilDelivered(); }  // its handler uses the members
+
   void AskForDescriptor() {
     tagIPC_MESSAGE_ITEM item;
     item.target = ipc::kHostGroup;

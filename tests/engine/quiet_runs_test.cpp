@@ -43,6 +43,8 @@ class QuietRunsTest : public testing::Test {
     });
   }
 
+  ~QuietRunsTest() override { message::WaitUntilDelivered(); }  // its handler uses the members
+
   std::vector<std::string> Detect() {
     runs.BeginDetection([this](Category id, bool normal) { verdicts.emplace_back(id, normal); }, {},
                         {});
