@@ -36,10 +36,7 @@ enmHardwareID ParseCategory(const std::string& text) {
   return static_cast<enmHardwareID>(number);
 }
 
-// The first line alone: errors of the parser may have several.
-std::string FirstLine(const std::string& text) {
-  return text.substr(0, text.find('\n'));
-}
+constexpr const char* kSeeHelp = "; see sysdiagnose --help";
 
 }  // namespace
 
@@ -77,10 +74,16 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   command("info", "Information sheets; of all offered categories if none is named", Command::Info)
       ->add_option("category", categories, categoryHelp)
       ->type_name("CATEGORY");
-  command("run", "Test categories in the order given; all offered ones if none is named",
-          Command::Run)
-      ->add_option("category", categories, categoryHelp)
-      ->type_name("CATEGORY");
+  CLI::App* run = command(
+      "run", "Test categories in the order given; all offered ones if none is named", Command::Run);
+  run->add_option("category", categories, categoryHelp)->type_name("CATEGORY");
+  CLI::App* check = command("check", "Check all offered categories as the manager's main page does",
+                            Command::Check);
+  for (CLI::App* sub : {run, check}) {
+    sub->add_flag("--repair", arguments.repair, "Then make the repairs offered; asks first");
+    sub->add_flag("--yes", arguments.assumeYes, "Do not ask before a repair")->needs("--repair");
+  }
+  command("scan", "Information sheets of all offered categories, as they are found", Command::Scan);
   command("history", "Latest run of each day, newest first", Command::History)
       ->add_option("--count", arguments.historyCount, "Number of days at most")
       ->type_name("N")
@@ -100,8 +103,13 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   } catch (const CLI::Success& help) {
     app.exit(help);
     return false;
+  } catch (const CLI::RequiredError& error) {
+    const std::vector<std::string> unknown = app.remaining();
+    throw UsageError((unknown.empty() ? std::string(error.what())
+                                      : "unknown command or option \"" + unknown.front() + '"') +
+                     kSeeHelp);
   } catch (const CLI::ParseError& error) {
-    throw UsageError(FirstLine(error.what()) + "; see sysdiagnose --help");
+    throw UsageError(std::string(error.what()) + kSeeHelp);
   }
   std::transform(categories.begin(), categories.end(), std::back_inserter(arguments.categories),
                  &ParseCategory);

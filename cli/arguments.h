@@ -9,7 +9,7 @@
 
 namespace cli {
 
-enum class Command { List, Info, Run, History, Serve, Logs };
+enum class Command { List, Info, Run, History, Scan, Check, Serve, Logs };
 
 struct Arguments {
   std::filesystem::path machineFile;
@@ -22,11 +22,14 @@ struct Arguments {
   Command command = Command::List;
   std::vector<orv::sysdiagnose::enmHardwareID> categories;  // none: all that are offered
   int historyCount = 12;
+  bool repair = false;           // repair what can be repaired after a run or a check
+  bool assumeYes = false;        // do not ask before a repair
   std::filesystem::path socket;  // empty: the user's own
   bool upload = false;
 };
 
-/// What the user typed cannot be meant; the text says what is wrong, in one line.
+/// What the user typed cannot be meant; the text says what is wrong. It quotes what was typed as it
+/// is, control characters included.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

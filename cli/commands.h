@@ -20,6 +20,8 @@ int RunList(const Arguments& arguments);
 int RunInfo(const Arguments& arguments);
 int RunDiagnosis(const Arguments& arguments);
 int RunHistory(const Arguments& arguments);
+int RunScan(const Arguments& arguments);
+int RunCheck(const Arguments& arguments);
 int RunServe(const Arguments& arguments);
 int RunLogs(const Arguments& arguments);
 

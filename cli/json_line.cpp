@@ -1,5 +1,6 @@
 #include "cli/json_line.h"
 
+#include <array>
 #include <cstdio>
 
 #include "common/text.h"
@@ -43,8 +44,35 @@ JsonLine& JsonLine::Add(const char* name, bool flag) {
   return *this;
 }
 
+JsonLine& JsonLine::BeginArray(const char* name) {
+  writer.Key(name);
+  writer.StartArray();
+  return *this;
+}
+
+JsonLine& JsonLine::EndArray() {
+  writer.EndArray();
+  return *this;
+}
+
+JsonLine& JsonLine::BeginObject() {
+  writer.StartObject();
+  return *this;
+}
+
+JsonLine& JsonLine::EndObject() {
+  writer.EndObject();
+  return *this;
+}
+
 void JsonLine::Text(const std::string& utf8) {
   writer.String(utf8.data(), static_cast<rapidjson::SizeType>(utf8.size()));
+}
+
+std::string HexId(std::uint32_t id) {
+  std::array<char, 11> text{};
+  std::snprintf(text.data(), text.size(), "0x%X", id);
+  return text.data();
 }
 
 }  // namespace cli

@@ -25,6 +25,11 @@ class JsonLine {
   JsonLine& Add(const char* name, std::int64_t number);
   JsonLine& Add(const char* name, bool flag);
 
+  JsonLine& BeginArray(const char* name);
+  JsonLine& EndArray();
+  JsonLine& BeginObject();
+  JsonLine& EndObject();
+
   /// Adds the seventeen cells of a run as an array.
   template <typename Integer>
   JsonLine& AddCells(const orv::sysdiagnose::BasicHistoryRecord<Integer>& record) {
@@ -46,5 +51,8 @@ class JsonLine {
   rapidjson::StringBuffer buffer;
   rapidjson::Writer<rapidjson::StringBuffer> writer;
 };
+
+/// An id as it stands in messages.jsonl: "0x20000B".
+std::string HexId(std::uint32_t id);
 
 }  // namespace cli

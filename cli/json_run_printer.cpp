@@ -48,6 +48,45 @@ class JsonRunPrinter final : public RunPrinter {
 
   void Failed(const std::string& error) override { JsonLine("failed").Add("error", error); }
 
+  void RepairCategoryStart(int position, enmHardwareID category) override {
+    JsonLine("categoryStart")
+        .Add("position", std::int64_t{position})
+        .Add("category", Number(category));
+  }
+
+  void RepairStart(int position, enmHardwareID category, const tagRepairItemInfo& repair) override {
+    JsonLine("repairStart")
+        .Add("position", std::int64_t{position})
+        .Add("category", Number(category))
+        .Add("command", repair.command)
+        .Add("parameter", repair.parameter);
+  }
+
+  void RepairResult(int position, enmHardwareID category, const tagRepairItemInfo& repair,
+                    const HardwareDetect::tagHARDWARE_REPAIR_RESULT& result) override {
+    JsonLine("repairResult")
+        .Add("position", std::int64_t{position})
+        .Add("category", Number(category))
+        .Add("command", repair.command)
+        .Add("code", std::int64_t{result.code})
+        .Add("restart", result.restart != 0)
+        .Add("text", result.text);
+  }
+
+  void RepairCategoryResult(bool repaired, enmHardwareID category, int position) override {
+    JsonLine("categoryResult")
+        .Add("repaired", repaired)
+        .Add("category", Number(category))
+        .Add("position", std::int64_t{position});
+  }
+
+  void RepairFinished(bool all, bool restart, int firstFaulty) override {
+    JsonLine("repairFinished")
+        .Add("all", all)
+        .Add("restart", restart)
+        .Add("firstFaulty", std::int64_t{firstFaulty});
+  }
+
   void Record(const RunRecord& record) override { JsonLine("record").AddCells(record); }
 };
 

@@ -1,10 +1,7 @@
 #include "cli/log_talk.h"
 
 #include <algorithm>
-#include <atomic>
 
-#include "cli/commands.h"
-#include "platform/os/interrupt.h"
 #include "sysdiagnose/records/ipc_helper.h"
 #include "sysdiagnose/records/message_ids.h"
 
@@ -19,12 +16,6 @@ constexpr std::uint32_t kCompanionModule = 0x3B0000;
 constexpr std::chrono::milliseconds kLook(50);
 constexpr int kLooksPerQuestion = 4;
 
-std::atomic<bool> interrupted = false;
-
-void Interrupt() {
-  interrupted = true;
-}
-
 bool HasApplicationLog(const LogTalk::Items& items) {
   return std::any_of(items.begin(), items.end(),
                      [](const auto& item) { return item.module == kApplicationLog; });
@@ -33,7 +24,7 @@ bool HasApplicationLog(const LogTalk::Items& items) {
 }  // namespace
 
 LogTalk::LogTalk() {
-  os::OnInterrupt(&Interrupt, kCancelled);
+  interruptible.Cancels([this] { interrupted = true; });
   IPCHelper::Instance().SetLogsAvailableSlot([this](std::uint8_t answer) {
     const std::lock_guard lock(mutex);
     available = answer != 0;
@@ -68,10 +59,6 @@ LogTalk::Items LogTalk::AskForList(std::chrono::milliseconds limit) {
   Wait(limit, [this] { return HasApplicationLog(items); });
   const std::lock_guard lock(mutex);
   return items;
-}
-
-bool LogTalk::Interrupted() {
-  return interrupted;
 }
 
 void LogTalk::Post(std::uint32_t messageId, std::uint32_t replyId, bool withByte) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -7,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "cli/interruptible.h"
 #include "sysdiagnose/records/log_item.h"
 
 namespace cli {
@@ -31,13 +33,16 @@ class LogTalk {
   void AskToPack() { Post(0x3B0003, 0, true); }
   void AskToDiscard() { Post(0x3B0004, 0, true); }
 
-  static bool Interrupted();
+  bool Interrupted() const { return interrupted; }
 
  private:
   void Post(std::uint32_t messageId, std::uint32_t replyId, bool withByte);
 
   template <typename Condition>
   void Wait(std::chrono::milliseconds limit, Condition holds);
+
+  std::atomic<bool> interrupted = false;
+  Interruptible interruptible;
 
   std::mutex mutex;
   std::condition_variable answered;

@@ -59,8 +59,8 @@ std::set<fs::path> Archives() {
 }
 
 // The archive that appears in the outbox; empty when none does in time.
-fs::path NewArchive(const std::set<fs::path>& before) {
-  for (auto left = 90s / 1ms; left > 0 && !LogTalk::Interrupted(); left -= 50) {
+fs::path NewArchive(const LogTalk& talk, const std::set<fs::path>& before) {
+  for (auto left = 90s / 1ms; left > 0 && !talk.Interrupted(); left -= 50) {
     for (const fs::path& archive : Archives())
       if (!before.contains(archive)) return archive;
     os::CurrentClock().Sleep(50ms);
@@ -80,9 +80,9 @@ void Print(const Arguments& arguments, const LogTalk::Items& items) {
 int Upload(const Arguments& arguments, LogTalk& talk) {
   const std::set<fs::path> before = Archives();
   talk.AskToPack();
-  const fs::path archive = NewArchive(before);
+  const fs::path archive = NewArchive(talk, before);
   if (archive.empty()) {
-    if (LogTalk::Interrupted()) return kCancelled;
+    if (talk.Interrupted()) return kCancelled;
     throw std::runtime_error("the logs were not packed; see the log in the data folder");
   }
   if (arguments.json)
@@ -100,11 +100,11 @@ int RunLogs(const Arguments& arguments) {
   std::unique_ptr<os::ChildProcess> service;
   LogTalk talk;
   std::optional<bool> available = talk.AskWhetherThereAreLogs(1s);
-  if (!available && !LogTalk::Interrupted()) {
+  if (!available && !talk.Interrupted()) {
     service = StartService(arguments, socket);
     available = talk.AskWhetherThereAreLogs(10s);
   }
-  if (LogTalk::Interrupted()) return kCancelled;
+  if (talk.Interrupted()) return kCancelled;
   if (!available) throw std::runtime_error("the companion service does not answer");
   if (!*available) {
     if (!arguments.json) std::puts("There are no logs to offer.");
@@ -112,9 +112,9 @@ int RunLogs(const Arguments& arguments) {
   }
 
   Print(arguments, talk.AskForList(10s));
-  if (arguments.upload && !LogTalk::Interrupted()) return Upload(arguments, talk);
+  if (arguments.upload && !talk.Interrupted()) return Upload(arguments, talk);
   talk.AskToDiscard();
-  return LogTalk::Interrupted() ? kCancelled : kAllNormal;
+  return talk.Interrupted() ? kCancelled : kAllNormal;
 }
 
 }  // namespace cli

@@ -4,6 +4,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/language.h"
+#include "cli/terminal_text.h"
 #include "common/text.h"
 #include "platform/concurrency/task.h"
 #include "platform/duilib/culture.h"
@@ -32,9 +33,9 @@ void SetUp(const cli::Arguments& arguments) {
   if (arguments.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
 }
 
-constexpr int (*kCommands[])(const cli::Arguments&) = {&cli::RunList,      &cli::RunInfo,
-                                                       &cli::RunDiagnosis, &cli::RunHistory,
-                                                       &cli::RunServe,     &cli::RunLogs};
+constexpr int (*kCommands[])(const cli::Arguments&) = {
+    &cli::RunList, &cli::RunInfo,  &cli::RunDiagnosis, &cli::RunHistory,
+    &cli::RunScan, &cli::RunCheck, &cli::RunServe,     &cli::RunLogs};
 
 }  // namespace
 
@@ -46,7 +47,8 @@ int main(int argc, char** argv) {
     SetUp(arguments);
     status = kCommands[static_cast<std::size_t>(arguments.command)](arguments);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "sysdiagnose: %s\n", error.what());
+    const std::string line = cli::Printable(common::Utf8ToWide(error.what()));
+    std::fprintf(stderr, "sysdiagnose: %s\n", line.c_str());
   }
   concurrency::wait_until_idle();
   message::WaitUntilDelivered();

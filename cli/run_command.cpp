@@ -1,9 +1,10 @@
-#include <atomic>
+#include <set>
 
 #include "cli/commands.h"
+#include "cli/interruptible.h"
+#include "cli/repair_choice.h"
 #include "cli/run_printer.h"
 #include "platform/concurrency/task.h"
-#include "platform/os/interrupt.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/engine/diagnose_engine.h"
 
@@ -13,55 +14,109 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
-std::atomic<DiagnoseEngine*> interruptible = nullptr;
+// One run of the terminal program: a detection, and repairs when they are asked for.
+class Diagnosis {
+ public:
+  Diagnosis(std::vector<enmHardwareID> selected, RunPrinter& shownBy)
+      : selection(std::move(selected)), printer(shownBy) {}
 
-void CancelRun() {
-  if (DiagnoseEngine* engine = interruptible) engine->CancelDetect();
-}
+  void Detect() {
+    engine.BeginDetectRun(
+        selection,
+        [this](enmHardwareID category, tagHardwareDetectInfo& info) {
+          printer.ItemStart(category, info);
+        },
+        [this](enmHardwareID category, tagDetectItemDetail& detail) {
+          if (!detail.normal) troubled.insert(category);
+          printer.ItemResult(category, detail);
+        },
+        [this](enmHardwareID category, const std::wstring& text) {
+          printer.CategoryUnknown(category, text);
+        },
+        [this](int, enmHardwareID category, tagRepairItemInfo& offer) {
+          printer.RepairOffer(category, offer);
+        },
+        [this] { OnCancelled(); },
+        [this](int& abnormal, int& firstAbnormal) { printer.Finished(abnormal, firstAbnormal); },
+        [this](const std::string& error) { OnFailed(error); });
+    WaitForEnd();
+  }
+
+  void Repair(RepairMap repairs) {
+    RepairCallbacks callbacks;
+    callbacks.categoryStart = [this](int position, enmHardwareID category) {
+      printer.RepairCategoryStart(position, category);
+    };
+    callbacks.repairStart = [this](int position, enmHardwareID category,
+                                   tagRepairItemInfo& repair) {
+      printer.RepairStart(position, category, repair);
+    };
+    callbacks.repairResult = [this](int position, enmHardwareID category, tagRepairItemInfo& repair,
+                                    HardwareDetect::tagHARDWARE_REPAIR_RESULT& result) {
+      printer.RepairResult(position, category, repair, result);
+    };
+    callbacks.categoryResult = [this](bool repaired, enmHardwareID category, int position) {
+      if (repaired) troubled.erase(category);
+      printer.RepairCategoryResult(repaired, category, position);
+    };
+    callbacks.cancelled = [this] { OnCancelled(); };
+    callbacks.finished = [this](bool all, bool restart, int firstFaulty) {
+      printer.RepairFinished(all, restart, firstFaulty);
+    };
+    engine.BeginRepairRun(std::move(repairs), std::move(callbacks),
+                          [this](const std::string& error) { OnFailed(error); });
+    WaitForEnd();
+  }
+
+  bool CanRepair() const { return ended == kAllNormal; }
+  const RepairMap& OfferedRepairs() const { return engine.OfferedRepairs(); }
+
+  ExitStatus Status() const {
+    if (ended != kAllNormal) return ended;
+    return troubled.empty() && engine.Record().failCount == 0 ? kAllNormal : kSomethingAbnormal;
+  }
+
+ private:
+  void OnCancelled() {
+    ended = kCancelled;
+    printer.Cancelled();
+  }
+
+  void OnFailed(const std::string& error) {
+    ended = kRunFailed;
+    printer.Failed(error);
+  }
+
+  void WaitForEnd() {
+    interruptible.Cancels([this] { engine.CancelDetect(); });
+    engine.Wait();
+    if (ended != kRunFailed) printer.Record(engine.Record());
+  }
+
+  const std::vector<enmHardwareID> selection;
+  RunPrinter& printer;
+  std::set<enmHardwareID> troubled;  // categories with an abnormal item, disks included
+  ExitStatus ended = kAllNormal;     // how the last run came to an end
+  DiagnoseEngine engine;
+  Interruptible interruptible;  // after the engine that it cancels
+};
 
 }  // namespace
 
 int RunDiagnosis(const Arguments& arguments) {
   const std::vector<enmHardwareID> selection = SelectedCategories(arguments);
+  DetectCatalogue::Instance();
   concurrency::wait_until_idle();  // the summary then carries the device texts
 
   const std::unique_ptr<RunPrinter> printer =
       arguments.json ? MakeJsonRunPrinter() : MakeTextRunPrinter(selection);
-  int status = kAllNormal;
-  DiagnoseEngine engine;
-  engine.BeginDetectRun(
-      selection,
-      [&](enmHardwareID category, tagHardwareDetectInfo& info) {
-        printer->ItemStart(category, info);
-      },
-      [&](enmHardwareID category, tagDetectItemDetail& detail) {
-        if (!detail.normal) status = kSomethingAbnormal;
-        printer->ItemResult(category, detail);
-      },
-      [&](enmHardwareID category, const std::wstring& text) {
-        printer->CategoryUnknown(category, text);
-      },
-      [&](int, enmHardwareID category, tagRepairItemInfo& offer) {
-        printer->RepairOffer(category, offer);
-      },
-      [&] {
-        status = kCancelled;
-        printer->Cancelled();
-      },
-      [&](int& abnormal, int& firstAbnormal) {
-        if (abnormal > 0) status = kSomethingAbnormal;
-        printer->Finished(abnormal, firstAbnormal);
-      },
-      [&](const std::string& error) {
-        status = kRunFailed;
-        printer->Failed(error);
-      });
-  interruptible = &engine;
-  os::OnInterrupt(&CancelRun, kCancelled);
-  engine.Wait();
-  interruptible = nullptr;
-  if (status != kRunFailed) printer->Record(engine.Record());
-  return status;
+  Diagnosis diagnosis(selection, *printer);
+  diagnosis.Detect();
+  if (arguments.repair && diagnosis.CanRepair()) {
+    RepairMap chosen = ChooseRepairs(arguments, diagnosis.OfferedRepairs());
+    if (!chosen.empty()) diagnosis.Repair(std::move(chosen));
+  }
+  return diagnosis.Status();
 }
 
 }  // namespace cli

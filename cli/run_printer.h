@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "platform/hardware_detect/detector.h"
 #include "sysdiagnose/engine/detect_item_detail.h"
 #include "sysdiagnose/records/history_record.h"
 
 namespace cli {
 
-/// Shows a run. The first group of calls comes on the run's thread, in the run's order; Record is
-/// called last, by the main thread.
+/// Shows a detection run, and the repair run that may follow. The calls come on the run's thread,
+/// in its order; Record is called at the end of each run, by the main thread.
 class RunPrinter {
  public:
   virtual ~RunPrinter() = default;
@@ -26,6 +27,16 @@ class RunPrinter {
   virtual void Cancelled() = 0;
   virtual void Finished(int abnormal, int firstAbnormal) = 0;
   virtual void Failed(const std::string& error) = 0;
+
+  virtual void RepairCategoryStart(int position, orv::sysdiagnose::enmHardwareID category) = 0;
+  virtual void RepairStart(int position, orv::sysdiagnose::enmHardwareID category,
+                           const orv::sysdiagnose::tagRepairItemInfo& repair) = 0;
+  virtual void RepairResult(int position, orv::sysdiagnose::enmHardwareID category,
+                            const orv::sysdiagnose::tagRepairItemInfo& repair,
+                            const HardwareDetect::tagHARDWARE_REPAIR_RESULT& result) = 0;
+  virtual void RepairCategoryResult(bool repaired, orv::sysdiagnose::enmHardwareID category,
+                                    int position) = 0;
+  virtual void RepairFinished(bool all, bool restart, int firstFaulty) = 0;
 
   virtual void Record(const orv::sysdiagnose::RunRecord& record) = 0;
 };

@@ -3,23 +3,14 @@
 #include <cstdio>
 
 #include "cli/commands.h"
+#include "cli/interruptible.h"
 #include "cli/json_line.h"
 #include "platform/message/broker.h"
 #include "platform/message/broker_connection.h"
 #include "platform/os/clock.h"
-#include "platform/os/interrupt.h"
 #include "platform/os/path_text.h"
 
 namespace cli {
-namespace {
-
-std::atomic<bool> endAsked = false;
-
-void AskToEnd() {
-  endAsked = true;
-}
-
-}  // namespace
 
 std::filesystem::path BrokerSocket(const Arguments& arguments) {
   return arguments.socket.empty() ? message::DefaultBrokerSocket() : arguments.socket;
@@ -27,7 +18,9 @@ std::filesystem::path BrokerSocket(const Arguments& arguments) {
 
 int RunServe(const Arguments& arguments) {
   const std::filesystem::path socket = BrokerSocket(arguments);
-  os::OnInterrupt(&AskToEnd, kCancelled);
+  std::atomic<bool> endAsked = false;
+  Interruptible interruptible;
+  interruptible.Cancels([&endAsked] { endAsked = true; });
   const message::Broker broker(socket);
   if (arguments.json) {
     JsonLine("serving").Add("socket", os::PathText(socket));

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <optional>
+#include <utility>
 
 #include "cli/commands.h"
 #include "cli/live_line.h"
@@ -29,7 +29,7 @@ class TextRunPrinter final : public RunPrinter {
   explicit TextRunPrinter(std::vector<enmHardwareID> selected) : selection(std::move(selected)) {}
 
   void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
-    PrintHeading(entered && selection[position] == category ? "" : kCouldNotBeTested);
+    ShowHeading(entered && selection[position] == category ? "" : kCouldNotBeTested);
     EnterCategory(category);
     announced = info.caption;
     live.Show("[" + std::to_string(position + 1) + "/" + std::to_string(selection.size()) + "] " +
@@ -37,13 +37,15 @@ class TextRunPrinter final : public RunPrinter {
   }
 
   void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail) override {
-    announced.reset();
+    announced.clear();
     if (detail.caption.empty()) return;
     live.PrintAbove(
         "  " +
         (detail.normal ? Coloured(Colour::Green, "ok      ") : Coloured(Colour::Red, "ABNORMAL")) +
         "  " + Printable(detail.caption));
-    if (!detail.normal) Note(category, detail.caption, detail.hint);
+    if (!detail.normal)
+      Note(category, heading.empty() ? detail.caption : heading + L", " + detail.caption,
+           detail.hint);
   }
 
   void CategoryUnknown(enmHardwareID category, const std::wstring& text) override {
@@ -55,20 +57,45 @@ class TextRunPrinter final : public RunPrinter {
     TroubleOf(category).repairOffered = true;
   }
 
-  void Cancelled() override { Close("The run was cancelled; what was tested has been kept."); }
-
-  void Finished(int abnormal, int) override {
-    if (troubles.empty() && abnormal == 0)
-      Close(Coloured(Colour::Green, "Everything that could be tested is normal."));
-    else
-      Close(Coloured(Colour::Bold, "What needs attention:"));
+  void Cancelled() override {
+    End();
+    std::puts("\nThe run was cancelled; what was done has been kept.");
   }
 
+  void Finished(int, int) override { End(); }
+
   void Failed(const std::string& error) override {
-    Close(Coloured(Colour::Red, "The run failed: ") + Printable(common::Utf8ToWide(error)));
+    End();
+    std::printf("\n%s %s\n", Coloured(Colour::Red, "The run failed:").c_str(),
+                Printable(common::Utf8ToWide(error)).c_str());
+  }
+
+  void RepairCategoryStart(int, enmHardwareID category) override {
+    live.PrintAbove(Coloured(Colour::Bold, "Repairing " + Printable(CaptionOf(category))));
+  }
+
+  void RepairStart(int, enmHardwareID, const tagRepairItemInfo& repair) override {
+    live.Show("  " + Printable(repair.command) + "…");
+  }
+
+  void RepairResult(int, enmHardwareID, const tagRepairItemInfo& repair,
+                    const HardwareDetect::tagHARDWARE_REPAIR_RESULT& result) override {
+    live.PrintAbove("  " +
+                    (result.code == 0 ? Coloured(Colour::Green, "repaired")
+                                      : Coloured(Colour::Red, "FAILED  ")) +
+                    "  " + Printable(result.text.empty() ? repair.command : result.text));
+  }
+
+  void RepairCategoryResult(bool, enmHardwareID, int) override {}
+
+  void RepairFinished(bool all, bool restart, int) override {
+    live.Clear();
+    std::printf("\n%s\n", all ? "Every repair succeeded." : "Not every repair succeeded.");
+    if (restart) std::puts("Restart the computer for the repairs to take effect.");
   }
 
   void Record(const RunRecord& record) override {
+    if (!std::exchange(summed, true)) PrintSummary(record);
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begun;
     std::printf("\nCategories: %lld normal, %lld abnormal. Took %.1f s, kept as %s.\n",
                 static_cast<long long>(record.passCount), static_cast<long long>(record.failCount),
@@ -83,13 +110,15 @@ class TextRunPrinter final : public RunPrinter {
     position =
         static_cast<std::size_t>(std::find(from, selection.end(), category) - selection.begin());
     entered = true;
+    heading.clear();
     live.PrintAbove(Coloured(Colour::Bold, Printable(CaptionOf(category))));
   }
 
-  // What was announced and got no result of its own stands as a heading.
-  void PrintHeading(const char* remark) {
-    if (announced && !announced->empty()) live.PrintAbove("  " + Printable(*announced) + remark);
-    announced.reset();
+  // An announcement without a result is the heading of what follows: the name of a disk.
+  void ShowHeading(const char* remark) {
+    if (announced.empty()) return;
+    heading = std::exchange(announced, {});
+    live.PrintAbove("  " + Printable(heading) + remark);
   }
 
   Trouble& TroubleOf(enmHardwareID category) {
@@ -106,10 +135,20 @@ class TextRunPrinter final : public RunPrinter {
     if (std::count(lines.begin(), lines.end(), line) == 0) lines.push_back(std::move(line));
   }
 
-  void Close(const std::string& verdict) {
-    PrintHeading(kCouldNotBeTested);
+  void End() {
+    ShowHeading(kCouldNotBeTested);
     live.Clear();
-    std::printf("\n%s\n", verdict.c_str());
+  }
+
+  // A category may be abnormal without an abnormal item: it is listed by its name alone.
+  void PrintSummary(const RunRecord& record) {
+    for (std::size_t i = 0; i < record.results.size(); ++i)
+      if (record.results[i] == kAbnormal) TroubleOf(kRecordOrder[i]);
+    if (troubles.empty())
+      std::printf("\n%s\n",
+                  Coloured(Colour::Green, "Everything that could be tested is normal.").c_str());
+    else
+      std::printf("\n%s\n", Coloured(Colour::Bold, "What needs attention:").c_str());
     for (const Trouble& trouble : troubles) {
       std::printf("  %s%s\n", Coloured(Colour::Red, Printable(CaptionOf(trouble.category))).c_str(),
                   trouble.repairOffered ? " (a repair is offered)" : "");
@@ -122,7 +161,9 @@ class TextRunPrinter final : public RunPrinter {
   const std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
   std::size_t position = 0;
   bool entered = false;
-  std::optional<std::wstring> announced;  // while it has no result
+  std::wstring announced;  // while it has no result
+  std::wstring heading;
+  bool summed = false;
   std::vector<Trouble> troubles;
   LiveLine live;
 };

@@ -74,7 +74,8 @@ class call : public ITarget<Value> {
 };
 
 /// Sends a value to a target each `periodMs` milliseconds, or once. Starts when told; stop() and
-/// the destructor return when no tick runs any more. The target outlives the timer.
+/// the destructor return when no tick runs any more. The target outlives the timer. The module
+/// stays loaded until the timer is stopped, or has sent its one value.
 template <typename Value>
 class timer {
  public:

@@ -33,10 +33,11 @@ struct TimerState : std::enable_shared_from_this<TimerState> {
   const void* owner = nullptr;
 
   std::recursive_mutex mutex;  // held while a tick runs, so that Stop waits for it
-  os::ModulePin pin;           // while started
+  os::ModulePin pin;           // while started, and until a tick that stops its timer has ended
   std::function<void()> tick;
   unsigned run = 0;  // counts starts and stops; a wait of an earlier run does nothing
   bool started = false;
+  bool ticking = false;
 
   asio::steady_timer timer{TimerThread()};  // timer thread only
 
@@ -47,21 +48,30 @@ struct TimerState : std::enable_shared_from_this<TimerState> {
   }
 
   void RunTick() {
+    ticking = true;
     try {
       tick();
     } catch (...) {
       COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.concurrency"),
                        "A timer's tick failed: " + common::DescribeCurrentException());
     }
+    ticking = false;
   }
 
   void Tick(unsigned waitedRun) {
+    os::ModulePin released;  // without the lock: this may unload the module, and destroy its timers
     const std::lock_guard lock(mutex);
     if (!started || run != waitedRun) return;
     RunTick();
-    if (!repeating || run != waitedRun) return;
-    timer.expires_at(timer.expiry() + period);
-    WaitForNext(waitedRun);
+    if (run == waitedRun) {
+      if (repeating) {
+        timer.expires_at(timer.expiry() + period);
+        WaitForNext(waitedRun);
+        return;
+      }
+      started = false;
+    }
+    if (!started) released = std::move(pin);
   }
 };
 
@@ -97,7 +107,7 @@ void Ticker::Stop() {
   if (!state->started) return;
   state->started = false;
   ++state->run;
-  released = std::move(state->pin);
+  if (!state->ticking) released = std::move(state->pin);
   asio::post(TimerThread(), [timer = state] { timer->timer.cancel(); });
 }
 

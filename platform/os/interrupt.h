@@ -5,13 +5,14 @@
 namespace os {
 
 /// From now on the first interrupt (Ctrl-C, or the system's request to end) calls `handler`, which
-/// may only touch lock-free atomics; the second ends the program at once with `exitStatus`. For a program's main.
+/// may only touch lock-free atomics; the second ends the program at once with `exitStatus`. For a
+/// program's main.
 UTIL_API void OnInterrupt(void (*handler)(), int exitStatus);
 
 /// Whether standard output is a terminal that a person watches.
 UTIL_API bool OutputIsTerminal();
 
-/// Ends the process at once: no destructor runs, no thread is waited for.
-[[noreturn]] UTIL_API void EndProcess(int exitStatus);
+/// Whether standard input is a terminal, where a person can answer.
+UTIL_API bool InputIsTerminal();
 
 }  // namespace os

@@ -45,5 +45,5 @@ class IQVXUIPlugin : public IQVXPlugin {
   /// Builds the page and hands it to the context's callback. True also when there is no page.
   virtual bool MountPage(DuiLib::CPaintManagerUI* paintManager, DuiLib::CNotifyPump* notifyPump,
                          PageCreationContext* context) = 0;
-  virtual void OnHostNotification16() = 0;
+  virtual void OnUIHostNotification16() = 0;
 };

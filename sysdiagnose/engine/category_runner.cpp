@@ -75,20 +75,32 @@ void Announce(const CategoryRow& row, const TestItem& item, bool first,
   callbacks.itemStart(row.category, info);
 }
 
-void Offer(const CategoryRow& row, const CategoryCallbacks& callbacks) {
-  if (!row.repairable) return;
+// The entries say what a repair would do; the offer is made once for all of them.
+void Offer(const CategoryRow& row, std::vector<tagRepairItemInfo>& repairs,
+           const CategoryCallbacks& callbacks) {
   tagRepairItemInfo offer;
   offer.text = Resolve(L"IDS_HARDWARE_DETECT_ITEM_REPAIR_COMMAND");
   offer.offered = true;
+  for (tagRepairItemInfo& repair : repairs) {
+    repair.text = offer.text;
+    repair.offered = true;
+  }
   callbacks.repairOffer(static_cast<int>(row.category), row.category, offer);
 }
 
-// One code per item, 0 for an item that was not run.
 struct SequenceResult {
-  bool normal = true;
+  CategoryOutcome outcome;
   bool endedAtGate = false;
-  std::vector<std::uint32_t> codes;
+  std::vector<std::uint32_t> codes;  // one per item, 0 for an item that was not run
 };
+
+void NoteResult(const TestItem& item, const tagDetectItemDetail& detail, CategoryOutcome& outcome) {
+  if (detail.normal) return;
+  outcome.normal = false;
+  if (outcome.text.empty()) outcome.text = detail.hint;
+  if (*item.repairCommand != L'\0')
+    outcome.repairs.push_back({{}, false, item.repairCommand, std::to_wstring(detail.code)});
+}
 
 SequenceResult RunItems(const CategoryRow& row, TestObjects& objects,
                         const CategoryCallbacks& callbacks) {
@@ -102,7 +114,7 @@ SequenceResult RunItems(const CategoryRow& row, TestObjects& objects,
     tagDetectItemDetail detail;
     result.codes[i] = Evaluate(item, objects, detail);
     if (item.caption != nullptr) callbacks.itemResult(row.category, detail);
-    result.normal = result.normal && detail.normal;
+    NoteResult(item, detail, result.outcome);
     result.endedAtGate = i == 0 && row.gate != Gate::None && !detail.normal;
   }
   return result;
@@ -117,20 +129,20 @@ void SendEvent(const CategoryRow& row, std::vector<std::uint32_t> codes) {
 
 }  // namespace
 
-bool RunCategory(enmHardwareID category, TestObjects& objects, const CategoryCallbacks& callbacks) {
-  if (!IsCategory(category)) return true;
+CategoryOutcome RunCategory(enmHardwareID category, TestObjects& objects,
+                            const CategoryCallbacks& callbacks) {
+  if (!IsCategory(category)) return {};
   if (category == Category::Disk) return RunDisks(objects, callbacks);
 
   const CategoryRow& row = kCategories[static_cast<std::size_t>(category)];
-  const SequenceResult result = RunItems(row, objects, callbacks);
-  if (result.endedAtGate) {
-    if (row.gate == Gate::FirstItem) Offer(row, callbacks);
-    callbacks.categoryUnknown(category, Resolve(row.unknownText));
-  } else if (!result.normal) {
-    Offer(row, callbacks);
-  }
+  SequenceResult result = RunItems(row, objects, callbacks);
+  CategoryOutcome& outcome = result.outcome;
+  const bool offers = row.repairable && !(result.endedAtGate && row.gate == Gate::FirstItemAlone);
+  if (!offers) outcome.repairs.clear();
+  if (!outcome.normal && offers) Offer(row, outcome.repairs, callbacks);
+  if (result.endedAtGate) callbacks.categoryUnknown(category, Resolve(row.unknownText));
   SendEvent(row, result.codes);
-  return result.normal;
+  return outcome;
 }
 
 }  // namespace orv::sysdiagnose

@@ -6,9 +6,9 @@
 
 namespace orv::sysdiagnose {
 
-/// Runs the test items of a category one after another and sends its report event. True when the
-/// category is normal; an id without a category runs nothing and is normal. What a library throws
-/// goes through.
-bool RunCategory(enmHardwareID category, TestObjects& objects, const CategoryCallbacks& callbacks);
+/// Runs the test items of a category one after another and sends its report event. An id without a
+/// category runs nothing and is normal. What a library throws goes through.
+CategoryOutcome RunCategory(enmHardwareID category, TestObjects& objects,
+                            const CategoryCallbacks& callbacks);
 
 }  // namespace orv::sysdiagnose

@@ -43,7 +43,7 @@ std::uint32_t RunDisk(int disk, HardwareSdk::CDisk& source,
 
 }  // namespace
 
-bool RunDisks(TestObjects& objects, const CategoryCallbacks& callbacks) {
+CategoryOutcome RunDisks(TestObjects& objects, const CategoryCallbacks& callbacks) {
   HardwareSdk::CDisk& source = HardwareInfoSource::Instance().disk;
   auto& diagnose = ObjectOf<HardwareDetect::CDiskFaultDetect>(objects);
   const int count = source.GetPhysicDiskNumbers();
@@ -58,7 +58,7 @@ bool RunDisks(TestObjects& objects, const CategoryCallbacks& callbacks) {
     if (result != kUnreadableDisk && result != kHealthyDisk) ++faulty;
   }
   SendReportEvent(ReportEvent::DisksTested, std::to_string(faulty));
-  return true;
+  return {};
 }
 
 }  // namespace orv::sysdiagnose

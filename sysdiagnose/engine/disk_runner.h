@@ -5,8 +5,8 @@
 
 namespace orv::sysdiagnose {
 
-/// Announces each physical disk and reports its SMART attributes. Always true: faults show in the
+/// Announces each physical disk and reports its SMART attributes. Always normal: faults show in the
 /// items and events alone.
-bool RunDisks(TestObjects& objects, const CategoryCallbacks& callbacks);
+CategoryOutcome RunDisks(TestObjects& objects, const CategoryCallbacks& callbacks);
 
 }  // namespace orv::sysdiagnose

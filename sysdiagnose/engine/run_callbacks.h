@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "sysdiagnose/catalogue/hardware_id.h"
 #include "sysdiagnose/engine/detect_item_detail.h"
@@ -16,6 +17,13 @@ using ItemResultCallback = std::function<void(enmHardwareID, tagDetectItemDetail
 using CategoryUnknownCallback = std::function<void(enmHardwareID, const std::wstring&)>;
 /// A failed category can be repaired. Both arguments name the category.
 using RepairOfferCallback = std::function<void(int, enmHardwareID, tagRepairItemInfo&)>;
+
+/// How a category came out.
+struct CategoryOutcome {
+  bool normal = true;
+  std::wstring text;                       // the first hint of an abnormal item
+  std::vector<tagRepairItemInfo> repairs;  // what was offered: one entry per failed item it mends
+};
 
 /// What a category's run tells while it goes on, on the run's thread. All are set.
 struct CategoryCallbacks {

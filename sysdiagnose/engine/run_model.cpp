@@ -7,19 +7,28 @@
 
 namespace orv::sysdiagnose {
 
+void ShowOutcome(DetectListEntry& entry, const CategoryOutcome& outcome) {
+  entry.state = outcome.normal ? DisplayState::Normal : DisplayState::Abnormal;
+  entry.resultText = outcome.text;
+  entry.repairable = !outcome.repairs.empty();
+}
+
+DetectListEntry MakeDetectListEntry(const tagDetectItem& item) {
+  DetectListEntry entry;
+  entry.category = item.id;
+  if (const DetectCategory* category = DetectCatalogue::Instance().Find(item.id)) {
+    entry.icon = category->icon;
+    entry.caption = category->caption;
+    entry.description = category->deviceSummary.Get();
+  }
+  return entry;
+}
+
 void RunModel::TakeDetectList() {
-  const DetectCatalogue& catalogue = DetectCatalogue::Instance();
   detectList.clear();
-  for (const tagDetectItem& item : catalogue.items) {
-    DetectListEntry entry;
-    entry.category = item.id;
+  for (const tagDetectItem& item : DetectCatalogue::Instance().items) {
+    DetectListEntry& entry = detectList.emplace_back(MakeDetectListEntry(item));
     entry.selected = std::count(selection.begin(), selection.end(), item.id) > 0;
-    if (const DetectCategory* category = catalogue.Find(item.id)) {
-      entry.icon = category->icon;
-      entry.caption = category->caption;
-      entry.description = category->deviceSummary.Get();
-    }
-    detectList.push_back(std::move(entry));
   }
 }
 
@@ -32,12 +41,30 @@ void RunModel::SetOutcome(enmHardwareID category, const CategoryOutcome& outcome
   if (std::int64_t* result = ResultOf(record, category))
     *result = outcome.normal ? kNormal : kAbnormal;
   ++(outcome.normal ? record.passCount : record.failCount);
-  for (DetectListEntry& entry : detectList) {
-    if (entry.category != category) continue;
-    entry.state = outcome.normal ? DisplayState::Normal : DisplayState::Abnormal;
-    entry.resultText = outcome.text;
-    entry.repairable = outcome.repairable;
+  if (outcome.repairs.empty())
+    offeredRepairs.erase(category);
+  else
+    offeredRepairs[category] = outcome.repairs;
+  for (DetectListEntry& entry : detectList)
+    if (entry.category == category) ShowOutcome(entry, outcome);
+}
+
+void RunModel::SetRepaired(enmHardwareID category) {
+  std::int64_t* result = ResultOf(record, category);
+  if (result != nullptr && *result == kAbnormal) {
+    *result = kNormal;
+    ++record.passCount;
+    --record.failCount;
   }
+  offeredRepairs.erase(category);
+  for (DetectListEntry& entry : detectList)
+    if (entry.category == category) ShowOutcome(entry, {});
+}
+
+void RunModel::SetStillAbnormal(enmHardwareID category) {
+  if (std::int64_t* result = ResultOf(record, category)) *result = kAbnormal;
+  for (DetectListEntry& entry : detectList)
+    if (entry.category == category) entry.state = DisplayState::Abnormal;
 }
 
 DiagnoseSummary RunModel::Summary() const {

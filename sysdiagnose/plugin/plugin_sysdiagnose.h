@@ -31,7 +31,7 @@ class CPluginSysdiagnose : public IQVXUIPlugin {
 
   bool MountPage(DuiLib::CPaintManagerUI* paintManager, DuiLib::CNotifyPump* notifyPump,
                  PageCreationContext* context) override;
-  void OnHostNotification16() override {}
+  void OnUIHostNotification16() override {}
 };
 
 }  // namespace orv::sysdiagnose

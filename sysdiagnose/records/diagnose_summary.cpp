@@ -27,6 +27,18 @@ static void Write(IIPCDataIO& io, const DetectListEntry& entry) {
   Write(io, static_cast<std::uint32_t>(entry.category));
 }
 
+static void Read(IIPCDataIO& io, DetectListEntry& entry) {
+  using ipc::Read;
+  Read(io, entry.icon);
+  Read(io, entry.caption);
+  Read(io, entry.description);
+  entry.state = static_cast<DisplayState>(io.ReadUInt32());
+  Read(io, entry.resultText);
+  entry.repairable = io.ReadByte() != 0;
+  entry.selected = io.ReadByte() != 0;
+  entry.category = static_cast<enmHardwareID>(io.ReadUInt32());
+}
+
 namespace {
 
 constexpr std::uint32_t kSummaryInterval = 600000;    // milliseconds
@@ -67,6 +79,20 @@ void WriteSummary(IIPCDataIO& io, const DiagnoseSummary& summary) {
   Write(io, summary.interval);
   Write(io, summary.flag1);
   Write(io, summary.flag2);
+}
+
+void ReadSummary(IIPCDataIO& io, DiagnoseSummary& summary) {
+  using ipc::Read;
+  ipc::ReadVersion(io);
+  Read(io, summary.moduleId);
+  Read(io, summary.headline);
+  Read(io, summary.abnormalCount);
+  Read(io, summary.resultText);
+  Read(io, summary.detailText);
+  Read(io, summary.items);
+  Read(io, summary.interval);
+  Read(io, summary.flag1);
+  Read(io, summary.flag2);
 }
 
 void WriteDescriptor(IIPCDataIO& io) {

@@ -43,6 +43,9 @@ void FillSummary(DiagnoseSummary& summary);
 /// Writes the versioned body of a summary message.
 void WriteSummary(IIPCDataIO& io, const DiagnoseSummary& summary);
 
+/// Reads the versioned body of a summary message. Throws what reading a body throws.
+void ReadSummary(IIPCDataIO& io, DiagnoseSummary& summary);
+
 /// Writes the versioned body with which the plugin describes itself to the host's main page.
 void WriteDescriptor(IIPCDataIO& io);
 

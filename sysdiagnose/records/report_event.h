@@ -8,6 +8,7 @@ namespace orv::sysdiagnose {
 
 /// Numbered events. Published numbers: only ever added to. docs/events.md describes the payloads.
 enum class ReportEvent : std::uint32_t {
+  HardwareScanned = 620000010,
   ProcessorTested = 620000020,
   MotherboardTested = 620000021,
   MemoryTested = 620000022,

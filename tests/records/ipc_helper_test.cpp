@@ -25,6 +25,8 @@ class Host {
     });
   }
 
+  ~Host() { message::WaitUntilDelivered(); }  // its handler uses the members
+
   void Send(std::uint32_t target, std::uint32_t messageId, const Bytes& body) {
     tagIPC_MESSAGE_ITEM item;
     item.target = target;
@@ -33,6 +35,7 @@ class Host {
     item.data = body.data();
     client.PostIPCMessage(item);
     message::WaitUntilDelivered();
+    message::WaitUntilDelivered();  // the answers, which were posted meanwhile
   }
 
   std::vector<tagIPC_MESSAGE_ITEM> received;

@@ -12,6 +12,7 @@
 #include "platform/machine/memory_tests.h"
 #include "platform/machine/processor_tests/processor_tests.h"
 #include "platform/machine/smart_report.h"
+#include "platform/os/paths.h"
 #include "platform/os/process.h"
 
 namespace machine {
@@ -40,9 +41,10 @@ TestAnswer RunMemoryTest(TestCall call, std::span<const Disk>, int) {
 
 TestAnswer RunSmartTest(TestCall call, std::span<const Disk> disks, int disk) {
   if (disk < 0 || static_cast<std::size_t>(disk) >= disks.size()) return UnreadableDisk(call);
-  const std::string& device = disks[static_cast<std::size_t>(disk)].device;
+  const std::string device =
+      os::SystemPath("/dev/" + disks[static_cast<std::size_t>(disk)].device).string();
   // The exit status tells of the disk's health too; the report says it better.
-  const auto result = os::RunProcess({"smartctl", "--json", "-a", "/dev/" + device}, kSmartLimit);
+  const auto result = os::RunProcess({"smartctl", "--json", "-a", device}, kSmartLimit);
   if (!result) COMMON_LOG_WARN(Logger(), "smartctl gives no report about " + device);
   return result ? ParseSmartReport(call, result->output) : UnreadableDisk(call);
 }

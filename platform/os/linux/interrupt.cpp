@@ -35,8 +35,8 @@ bool OutputIsTerminal() {
   return isatty(STDOUT_FILENO) == 1;
 }
 
-void EndProcess(int exitStatus) {
-  std::_Exit(exitStatus);
+bool InputIsTerminal() {
+  return isatty(STDIN_FILENO) == 1;
 }
 
 }  // namespace os

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/os/module_pin.h"
+#include "platform/os/paths.h"
 
 namespace os {
 namespace {
@@ -35,8 +36,10 @@ ModuleHandle FindLoadedModule(const char* name) {
   return module;
 }
 
+// By full path: the loader's own search depends on who is seen as its caller.
 ModuleHandle LoadModule(const std::filesystem::path& name) {
-  return dlopen(FileName(name.string()).c_str(), RTLD_NOW | RTLD_LOCAL);
+  const std::filesystem::path file = InstallationFolder() / FileName(name.string());
+  return dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
 }
 
 void FreeModule(ModuleHandle module) {
@@ -47,9 +50,14 @@ void* FindProcedure(ModuleHandle module, const char* name) {
   return module == nullptr ? nullptr : dlsym(module, name);
 }
 
-// The handle that dlopen gives is the address of the loader's record.
+// A library that came in with the program can be searched for procedures only once it was opened.
 ModuleHandle ModuleOfAddress(const void* address) {
-  return const_cast<link_map*>(RecordOfAddress(address));
+  const link_map* record = RecordOfAddress(address);
+  if (record == nullptr) return nullptr;
+  const char* const file = *record->l_name == '\0' ? nullptr : record->l_name;
+  void* module = dlopen(file, RTLD_NOLOAD | RTLD_LAZY);
+  if (module != nullptr) dlclose(module);
+  return module;
 }
 
 std::string ModuleFileOfAddress(const void* address) {

@@ -169,8 +169,10 @@ TEST(LinuxMachine, AsksAboutTheDiskThatTheTestIsAbout) {
   WriteDisk(system, "cciss!c0d0", "100\n");
   WriteDisk(system, "sda", "100\n");
   // Exits as the real one does for a disk with a failed attribute in its past.
-  const FakeSmartctl smartctl(system, R"([ "$*" = "--json -a /dev/cciss/c0d0" ] && verdict=false
-[ "$*" = "--json -a /dev/sda" ] && verdict=true
+  const std::string devices = system.Root() / "dev";
+  const FakeSmartctl smartctl(
+      system, "[ \"$*\" = \"--json -a " + devices + "/cciss/c0d0\" ] && verdict=false\n" +
+                  "[ \"$*\" = \"--json -a " + devices + "/sda\" ] && verdict=true\n" + R"(
 echo "{\"smart_status\": {\"passed\": $verdict}}"
 exit 32
 )");

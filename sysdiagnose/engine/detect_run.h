@@ -1,0 +1,20 @@
+#pragma once
+
+#include <memory>
+
+#include "sysdiagnose/engine/diagnose_engine.h"
+
+namespace orv::sysdiagnose {
+
+/// The body of a detection run; owns all it needs.
+struct DetectRun {
+  std::shared_ptr<RunModel> model;
+  std::shared_ptr<TestObjects> objects;
+  CategoryCallbacks callbacks;
+  CancelledCallback cancelled;
+  DetectFinishedCallback finished;
+
+  void Run() const;
+};
+
+}  // namespace orv::sysdiagnose

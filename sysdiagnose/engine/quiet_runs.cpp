@@ -1,0 +1,136 @@
+#include "sysdiagnose/engine/quiet_runs.h"
+
+#include <chrono>
+#include <mutex>
+#include <utility>
+
+#include "platform/os/clock.h"
+#include "sysdiagnose/catalogue/detect_catalogue.h"
+#include "sysdiagnose/engine/category_runner.h"
+#include "sysdiagnose/engine/hardware_repair_helper.h"
+#include "sysdiagnose/records/ipc_helper.h"
+
+namespace orv::sysdiagnose {
+namespace {
+
+using std::chrono::milliseconds;
+
+// The host's main page shows each step for a moment.
+constexpr milliseconds kAfterCategory{200};
+constexpr milliseconds kBeforeRepairs{1000};
+constexpr milliseconds kAfterRepair{500};
+constexpr milliseconds kBeforeLastSummary{5000};
+
+// Held while a quiet run goes on.
+std::mutex& OneAtATime() {
+  static std::mutex mutex;
+  return mutex;
+}
+
+void Pause(milliseconds time) {
+  os::CurrentClock().Sleep(time);
+}
+
+// Small and grey on the host's page.
+std::wstring Decorated(const std::wstring& text) {
+  return text.empty() ? text : L"{f 16}{c #7F7F7F}" + text + L"{/f}{/c}";
+}
+
+const CategoryCallbacks& NoCallbacks() {
+  static const CategoryCallbacks callbacks{
+      [](enmHardwareID, tagHardwareDetectInfo&) {}, [](enmHardwareID, tagDetectItemDetail&) {},
+      [](enmHardwareID, const std::wstring&) {}, [](int, enmHardwareID, tagRepairItemInfo&) {}};
+  return callbacks;
+}
+
+}  // namespace
+
+QuietRuns::QuietRuns() : state(std::make_shared<State>()) {}
+
+void QuietRuns::BeginDetection(CategoryResultCallback categoryResult, EndedCallback ended,
+                               RunTask::FailedCallback failed) {
+  state->stopRequested = false;
+  Begin([categoryResult = std::move(categoryResult)](State& run) { run.Detect(categoryResult); },
+        std::move(ended), std::move(failed));
+}
+
+void QuietRuns::BeginRepair(std::vector<enmHardwareID> categories, EndedCallback ended,
+                            RunTask::FailedCallback failed) {
+  Begin([categories = std::move(categories)](State& run) { run.Repair(categories); },
+        std::move(ended), std::move(failed));
+}
+
+void QuietRuns::Begin(std::function<void(State&)> body, EndedCallback ended,
+                      RunTask::FailedCallback failed) {
+  task.Begin(
+      [run = state, body = std::move(body), ended = std::move(ended)] {
+        {
+          const std::lock_guard lock(OneAtATime());
+          body(*run);
+        }
+        if (ended) ended();
+      },
+      [failed = std::move(failed)](const std::string& error) {
+        if (failed) failed(error);
+      });
+}
+
+void QuietRuns::State::Post() const {
+  DiagnoseSummary summary;
+  summary.items = items;
+  IPCHelper::Instance().PostSummary(summary, IPCHelper::ModeQuiet);
+}
+
+void QuietRuns::State::Detect(const CategoryResultCallback& categoryResult) {
+  items.clear();
+  repairs.clear();
+  const std::vector<tagDetectItem> snapshot = DetectCatalogue::Instance().items;
+  for (const tagDetectItem& item : snapshot) {
+    if (stopRequested) break;
+    const bool normal = DetectCategory(item);
+    if (categoryResult) categoryResult(item.id, normal);
+    Pause(kAfterCategory);
+  }
+  Post();
+}
+
+bool QuietRuns::State::DetectCategory(const tagDetectItem& item) {
+  DetectListEntry& entry = items.emplace_back(MakeDetectListEntry(item));
+  entry.description = Decorated(entry.description);
+  entry.state = DisplayState::Running;
+  entry.selected = true;
+  Post();
+  CategoryOutcome outcome = RunCategory(item.id, objects, NoCallbacks());
+  outcome.text = Decorated(outcome.text);
+  ShowOutcome(entry, outcome);
+  if (!outcome.repairs.empty()) repairs[item.id] = std::move(outcome.repairs);
+  return outcome.normal;
+}
+
+void QuietRuns::State::Repair(const std::vector<enmHardwareID>& categories) {
+  Post();
+  Pause(kBeforeRepairs);
+  for (const enmHardwareID category : categories) {
+    if (!repairs.contains(category) || !RepairCategory(category)) continue;
+    repairs.erase(category);
+    for (DetectListEntry& entry : items)
+      if (entry.category == category) ShowOutcome(entry, {});
+  }
+  Post();
+  Pause(kBeforeLastSummary);
+  Post();
+}
+
+bool QuietRuns::State::RepairCategory(enmHardwareID category) {
+  bool repaired = true;
+  for (tagRepairItemInfo repair : repairs.at(category)) {
+    HardwareDetect::tagHARDWARE_REPAIR_RESULT result;
+    HardwareRepairHelper::Instance().Repair(repair.command, repair.parameter, result);
+    repaired = repaired && result.code == 0;
+    Post();
+    Pause(kAfterRepair);
+  }
+  return repaired;
+}
+
+}  // namespace orv::sysdiagnose

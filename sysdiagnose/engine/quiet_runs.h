@@ -1,0 +1,62 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "sysdiagnose/base/run_task.h"
+#include "sysdiagnose/engine/run_model.h"
+#include "sysdiagnose/engine/test_objects.h"
+
+namespace orv::sysdiagnose {
+
+/// Checks and repairs the machine for the host's main page, which follows by posted summaries: no
+/// callbacks into pages, no history row. One runs at a time in the process, another waits its turn.
+/// Operations are for the owner's thread; callbacks run on the task's.
+class QuietRuns {
+ public:
+  /// A category's verdict.
+  using CategoryResultCallback = std::function<void(enmHardwareID, bool normal)>;
+  using EndedCallback = std::function<void()>;
+
+  QuietRuns();
+
+  /// Tests all offered categories in catalogue order, and ends with one last summary. All callbacks
+  /// may be empty.
+  void BeginDetection(CategoryResultCallback categoryResult, EndedCallback ended,
+                      RunTask::FailedCallback failed);
+
+  /// Makes the repairs that the last detection offered for these categories.
+  void BeginRepair(std::vector<enmHardwareID> categories, EndedCallback ended,
+                   RunTask::FailedCallback failed);
+
+  /// Asks a running detection to stop before its next category. Any thread, also a signal handler.
+  void RequestStop() { state->stopRequested = true; }
+
+  void Wait() const { task.Wait(); }
+
+  /// What the last detection offered; to be read when it is over.
+  const RepairMap& OfferedRepairs() const { return state->repairs; }
+
+ private:
+  struct State {
+    std::atomic<bool> stopRequested = false;
+    std::vector<DetectListEntry> items;
+    RepairMap repairs;
+    TestObjects objects;
+
+    void Post() const;
+    void Detect(const CategoryResultCallback& categoryResult);
+    bool DetectCategory(const tagDetectItem& item);
+    void Repair(const std::vector<enmHardwareID>& categories);
+    bool RepairCategory(enmHardwareID category);
+  };
+
+  void Begin(std::function<void(State&)> body, EndedCallback ended, RunTask::FailedCallback failed);
+
+  std::shared_ptr<State> state;
+  RunTask task;
+};
+
+}  // namespace orv::sysdiagnose

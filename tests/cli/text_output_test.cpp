@@ -1,0 +1,67 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/cli/program.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+class TextOutputTest : public testing::Test {
+ protected:
+  std::string Show(const std::string& machine, const std::vector<std::string>& command) const {
+    std::vector<std::string> words{"--lang", "ids",        "--machine",
+                                   machine,  "--data-dir", folder.path};
+    words.insert(words.end(), command.begin(), command.end());
+    const Outcome outcome = RunProgram(words);
+    EXPECT_EQ(outcome.errors, "");
+    return outcome.output;
+  }
+
+  const TemporaryFolder folder;
+};
+
+TEST_F(TextOutputTest, HasNoControlCharacterOfADeviceName) {
+  for (const char* command : {"list", "info", "run", "history"}) {
+    const std::string text = Show(TEST_DATA_DIR "/../machine/files/odd.json", {command});
+    EXPECT_NE(text, "") << command;
+    EXPECT_TRUE(std::none_of(text.begin(), text.end(), [](char c) {
+      return (static_cast<unsigned char>(c) < 0x20 && c != '\n') || c == 0x7F;
+    })) << text;
+    for (const char* broken : {"\u0085", "\u2028", "\n2024-01-01", "\nseconde"})
+      EXPECT_EQ(text.find(broken), std::string::npos) << text;
+    if (command == std::string("list")) {
+      EXPECT_NE(text.find("Sample ?Audio"), std::string::npos) << text;
+    }
+  }
+}
+
+TEST_F(TextOutputTest, ARunNamesEveryDiskAndEveryAbnormalCategory) {
+  const std::string machine = folder.path / "machine.json";
+  WriteText(machine, R"({"info":{"CDisk":{"GetCaption":["Disk \u001b[2J","Other"]}},
+      "tests":{"CDiskFaultDetect::CheckHhdSmartResult":[{"flags":[0,1]},2],
+               "CBatteryDetect::TestLoss":4}})");
+  const std::string text = Show(machine, {"run", "battery", "disk"});
+  const auto start =
+      "IDS_HARDWARE_DETECT_BATTERY\n"
+      "  ok        IDS_HARDWARE_DIAGNOSE_NETCARD_DEVICE\n"
+      "  ok        IDS_HARDWARE_DIAGNOSE_BAT_VOLTAGE\n"
+      "IDS_HARDWARE_DETECT_DISK\n"
+      "  Disk ?[2J\n"
+      "  ok        IDS_HARDWARE_DIAGNOSE_DISK_01\n"
+      "  ABNORMAL  IDS_HARDWARE_DIAGNOSE_DISK_03\n";
+  const auto end =
+      "  ok        IDS_HARDWARE_DIAGNOSE_DISK_F2\n"
+      "  Other  (could not be tested)\n"
+      "\n"
+      "What needs attention:\n"
+      "  IDS_HARDWARE_DETECT_DISK\n"
+      "    Disk ?[2J, IDS_HARDWARE_DIAGNOSE_DISK_03\n"
+      "  IDS_HARDWARE_DETECT_BATTERY\n"
+      "\n"
+      "Categories: 1 normal, 1 abnormal. ";
+  EXPECT_TRUE(text.starts_with(start)) << text;
+  EXPECT_NE(text.find(end), std::string::npos) << text;
+}
+
+}  // namespace

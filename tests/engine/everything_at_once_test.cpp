@@ -1,0 +1,125 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <thread>
+
+#include "platform/concurrency/task.h"
+#include "platform/message/ipc_message_client.h"
+#include "sysdiagnose/catalogue/hardware_scan.h"
+#include "sysdiagnose/engine/diagnose_engine.h"
+#include "sysdiagnose/engine/quiet_runs.h"
+#include "sysdiagnose/records/ipc_helper.h"
+#include "sysdiagnose/records/message_ids.h"
+#include "tests/support/fake_clock.h"
+#include "tests/support/in_force.h"
+
+namespace orv::sysdiagnose {
+namespace {
+
+constexpr const char* kMachine = R"({"tests": {"CVideoCardDetect::CheckDevice": 5},
+    "info": {"CMemory": {"GetPartNumberbyIndex": ["M1", "M2"]}}})";
+constexpr const char* kList =
+    "<sysdiagnose><DetectItem id='4' name='' description=''/>"
+    "<DetectItem id='7' name='' description=''/><DetectItem id='5' name='' description=''/>"
+    "</sysdiagnose>";
+
+const std::vector<enmHardwareID> kSelection{enmHardwareID::GraphicsCard, enmHardwareID::Memory,
+                                            enmHardwareID::Audio};
+
+constexpr auto kIgnore = [](auto&&...) {};
+
+void BeginDetection(DiagnoseEngine& engine) {
+  engine.BeginDetectRun(kSelection, kIgnore, kIgnore, kIgnore, kIgnore, kIgnore, kIgnore);
+}
+
+void BeginScan(HardwareScan& scan) {
+  scan.Start([](auto, auto&) { return true; }, kIgnore, kIgnore);
+}
+
+// The host, asking for descriptors and reading every summary.
+class Host {
+ public:
+  Host() : client(0x200001, false) {
+    client.SubscribeIPCMessage(ipc::kHostGroup, 0);
+    client.RegisterMessageCallbackAll([this](const tagIPC_MESSAGE_ITEM& item) {
+      if (item.messageId == ipc::kDescriptorAnswer) ++descriptors;
+    });
+  }
+
+  ~Host() { message::WaitUntilDelivered(); }  // its handler uses the members
+
+  void AskForDescriptor() {
+    tagIPC_MESSAGE_ITEM item;
+    item.target = ipc::kHostGroup;
+    item.messageId = ipc::kDescriptorRequest;
+    client.PostIPCMessage(item);
+  }
+
+  std::atomic<int> descriptors = 0;
+
+ private:
+  CIPCMessageClient client;
+};
+
+std::ptrdiff_t Entries(const char* folder) {
+  return std::distance(std::filesystem::directory_iterator(folder), {});
+}
+
+TEST(EverythingAtOnce, AScanARunAQuietRunAndMessagesDoNotDisturbEachOther) {
+  const InForce inForce(kMachine);
+  inForce.WriteConfig("SysdiagnoseList.xml", kList);
+  FakeClock clock(1000);
+  IPCHelper::Instance();
+  Host host;
+  DiagnoseEngine engine;
+  QuietRuns quiet;
+  HardwareScan scan;
+  for (int round = 0; round < 20; ++round) {
+    BeginDetection(engine);
+    quiet.BeginDetection({}, {}, {});
+    BeginScan(scan);
+    host.AskForDescriptor();
+    scan.Wait();
+    quiet.Wait();
+    engine.Wait();
+    EXPECT_EQ(engine.Record().failCount, 1);
+    EXPECT_EQ(quiet.OfferedRepairs().size(), 1);
+  }
+  concurrency::wait_until_idle();
+  message::WaitUntilDelivered();
+  message::WaitUntilDelivered();
+  EXPECT_EQ(host.descriptors, 20);
+}
+
+TEST(EverythingAtOnce, AThousandStartsCancelledOrTornDownAtOnceLeaveNothing) {
+  const InForce inForce(kMachine);
+  inForce.WriteConfig("SysdiagnoseList.xml", kList);
+  FakeClock clock(1000);
+  std::ptrdiff_t threads = 0;
+  std::ptrdiff_t handles = 0;
+  for (int round = 0; round < 1000; ++round) {
+    {
+      DiagnoseEngine engine;
+      QuietRuns quiet;
+      HardwareScan scan;
+      BeginDetection(engine);
+      quiet.BeginDetection({}, {}, {});
+      BeginScan(scan);
+      if (round % 3 == 0) engine.CancelDetect();
+      if (round % 3 == 1) {
+        scan.Cancel();
+        quiet.RequestStop();
+      }
+    }
+    concurrency::wait_until_idle();
+    message::WaitUntilDelivered();
+    if (round != 10) continue;
+    threads = Entries("/proc/self/task");
+    handles = Entries("/proc/self/fd");
+  }
+  EXPECT_LE(Entries("/proc/self/task"), threads);
+  EXPECT_EQ(Entries("/proc/self/fd"), handles);
+}
+
+}  // namespace
+}  // namespace orv::sysdiagnose

@@ -1,0 +1,40 @@
+#include <gtest/gtest.h>
+
+#include "platform/plugins_manager/plugin_interfaces.h"
+#include "tests/plugins_manager/manager_functions.h"
+
+namespace {
+
+constexpr const char* kClassId = "orv.plugin.sysdiagnose";
+constexpr const char* kManager = "PluginsManager.dll";
+
+TEST(PluginAlone, BringsTheManagerAndSignsOnAndOffWithIt) {
+  ASSERT_EQ(os::FindLoadedModule(kManager), nullptr);
+  for (const std::uint32_t round : {1u, 2u}) {
+    const os::ModuleHandle plugin = os::LoadModule(PLUGIN);
+    ASSERT_NE(plugin, nullptr);
+    ASSERT_NE(os::FindLoadedModule(kManager), nullptr);
+    const ManagerFunctions manager(os::FindLoadedModule(kManager));
+    EXPECT_EQ(manager.counts(kClassId).registered, round);
+    EXPECT_EQ(manager.counts(kClassId).unregistered, round - 1);
+
+    auto* const object = manager.Create<IQVXUIPlugin>(kClassId);
+    ASSERT_NE(object, nullptr);
+    EXPECT_EQ(object->PluginKey(), L"PluginSysdiagnose");
+    EXPECT_EQ(object->Release(), 0);
+
+    os::FreeModule(plugin);
+    EXPECT_EQ(os::FindLoadedModule(PLUGIN), nullptr);
+    EXPECT_EQ(manager.counts(kClassId).unregistered, round);
+    EXPECT_EQ(manager.Create<IQVXUIPlugin>(kClassId), nullptr);
+  }
+}
+
+TEST(PluginAlone, TheHandleOfAnAddressIsTheLoadersOwn) {
+  const os::ModuleHandle plugin = os::LoadModule(PLUGIN);
+  ASSERT_NE(plugin, nullptr);
+  EXPECT_EQ(os::ModuleOfAddress(os::FindProcedure(plugin, "x3InitPlugin")), plugin);
+  os::FreeModule(plugin);
+}
+
+}  // namespace
