@@ -8,7 +8,7 @@ if(NOT CLANG_FORMAT OR NOT CLANG_TIDY)
 endif()
 
 file(GLOB_RECURSE checked_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}
-     cli/*.h cli/*.cpp common/*.h common/*.cpp fuzz/*.h fuzz/*.cpp manager/*.h manager/*.cpp platform/*.h platform/*.cpp
+     bench/*.h bench/*.cpp cli/*.h cli/*.cpp common/*.h common/*.cpp fuzz/*.h fuzz/*.cpp manager/*.h manager/*.cpp platform/*.h platform/*.cpp
      sysdiagnose/*.h sysdiagnose/*.cpp tests/*.h tests/*.cpp)
 
 foreach(file IN LISTS checked_files)

@@ -6,12 +6,13 @@
 #include <deque>
 #include <fstream>
 #include <stdexcept>
+#include <string>
 #include <utility>
 
+#include "platform/machine/machine.h"
 #include "platform/os/clock.h"
 #include "platform/os/path_text.h"
 #include "platform/os/process.h"
-#include "platform/util/identifiers_in_text.h"
 
 namespace companion {
 namespace {
@@ -79,8 +80,7 @@ LogFile LogFiles::ProduceApplicationLog() {
   fs::create_directories(outbox);
   const fs::path file = outbox / "application-log.txt";
   std::ofstream written(file, std::ios::trunc);
-  for (const std::string& line : last)
-    written << util::HashIdentifiers(line, Identifiers()) << '\n';
+  for (const std::string& line : last) written << Mask().Apply(line) << '\n';
   CloseWhole(written, file);
   return {LogModule::Application, file};
 }
@@ -107,18 +107,16 @@ void LogFiles::Discard() {
   fs::remove(outbox / "application-log.txt", ignored);
 }
 
-const std::vector<std::string>& LogFiles::Identifiers() {
-  if (!identifiersKnown) identifiers = util::MachineIdentifiers();
-  identifiersKnown = true;
-  return identifiers;
+const machine::IdentifierMask& LogFiles::Mask() {
+  if (!mask) mask.emplace(machine::Current().Info());
+  return *mask;
 }
 
 void LogFiles::CopyHashed(const fs::path& from, const fs::path& to) {
   std::ifstream lines(from);
   if (!lines) throw std::runtime_error(os::PathText(from) + ": the file cannot be read");
   std::ofstream written(to);
-  for (std::string line; std::getline(lines, line);)
-    written << util::HashIdentifiers(line, Identifiers()) << '\n';
+  for (std::string line; std::getline(lines, line);) written << Mask().Apply(line) << '\n';
   CloseWhole(written, to);
 }
 

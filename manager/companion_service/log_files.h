@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <string>
+#include <optional>
 #include <vector>
+
+#include "platform/machine/identifier_mask.h"
 
 namespace companion {
 
@@ -35,14 +37,13 @@ class LogFiles {
   void Discard();
 
  private:
-  const std::vector<std::string>& Identifiers();
+  const machine::IdentifierMask& Mask();
   void CopyHashed(const std::filesystem::path& from, const std::filesystem::path& to);
   std::filesystem::path NewArchive() const;
 
   const std::filesystem::path folder;
   const std::filesystem::path outbox;
-  std::vector<std::string> identifiers;
-  bool identifiersKnown = false;
+  std::optional<machine::IdentifierMask> mask;  // made when it is needed: asks the machine
 };
 
 }  // namespace companion

@@ -6,22 +6,28 @@
 #include <cstdint>
 
 namespace util {
+namespace {
+
+constexpr std::size_t kShownBytes = 6;
+
+}  // namespace
 
 std::string HashIdentifier(std::string_view identifier) {
-  constexpr std::size_t kShownBytes = 6;
-  constexpr std::string_view kDigits = "0123456789abcdef";
+  if (identifier.empty()) return {};
   sha256_ctx context;
   sha256_init(&context);
   sha256_update(&context, identifier.size(),
                 reinterpret_cast<const std::uint8_t*>(identifier.data()));
-  std::array<std::uint8_t, kShownBytes> digest{};
-  sha256_digest(&context, digest.size(), digest.data());
-  std::string text = "#";
-  for (const std::uint8_t byte : digest) {
-    text += kDigits[byte >> 4];
-    text += kDigits[byte & 15];
+  std::array<std::uint8_t, kShownBytes> bytes{};
+  sha256_digest(&context, bytes.size(), bytes.data());
+
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  std::string hash = "#";
+  for (const std::uint8_t byte : bytes) {
+    hash += kDigits[byte >> 4];
+    hash += kDigits[byte & 0xF];
   }
-  return text;
+  return hash;
 }
 
 }  // namespace util

@@ -7,9 +7,9 @@
 
 namespace util {
 
-/// What stands for an identifier (a serial number, a MAC address) where the identifier itself is
-/// not to be told: "#" and the first 12 hexadecimal digits of its SHA-256. The same identifier
-/// always gives the same text.
+/// What stands for a serial number or a hardware address in anything handed to others: "#" and the
+/// first twelve hexadecimal digits of the SHA-256 of its UTF-8. Equal identifiers have equal
+/// hashes, on every machine and in every version. An empty text stays empty. Any thread.
 UTIL_API std::string HashIdentifier(std::string_view identifier);
 
 }  // namespace util

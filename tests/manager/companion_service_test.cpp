@@ -1,0 +1,147 @@
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <memory>
+#include <random>
+#include <thread>
+#include <vector>
+
+#include "platform/message/broker.h"
+#include "platform/message/ipc_message_client.h"
+#include "platform/os/child_process.h"
+#include "platform/os/process.h"
+#include "tests/cli/program.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr std::uint32_t kService = 0x3B0000;
+
+class CompanionServiceTest : public testing::Test {
+ protected:
+  CompanionServiceTest() {
+    WriteText(machine, R"({"info": {"CMemory": {"GetSerialNumberbyIndex": ["SN-47110815"]},
+        "CNetworkAdapter": {"GetMacAddressbyIndex": ["02:42:AC:11:00:02"]}}})");
+  }
+
+  void WriteLogs() const {
+    WriteText(data / "log/old.log",
+              "disk SN-47110815, adapter 02-42-ac-11-00-02 or 0242AC110002\n");
+    WriteText(data / "events.jsonl", "{\"id\":620000022}\n");
+  }
+
+  Outcome Logs(std::vector<std::string> options = {}) const {
+    std::vector<std::string> arguments = {"--json",     "--machine",    machine.string(),
+                                          "--data-dir", data.string(),  "logs",
+                                          "--socket",   socket.string()};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return RunProgram(arguments);
+  }
+
+  std::unique_ptr<os::ChildProcess> StartService() const {
+    return std::make_unique<os::ChildProcess>(
+        std::vector<std::string>{APP_DIR "/companion-service", "--machine", machine.string(),
+                                 "--data-dir", data.string(), "--socket", socket.string()});
+  }
+
+  std::vector<fs::path> Outbox() const {
+    std::vector<fs::path> files;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(data / "outbox", error))
+      files.push_back(entry.path());
+    return files;
+  }
+
+  const TemporaryFolder folder;
+  const fs::path data = folder.path / "data";
+  const fs::path socket = folder.path / "a.sock";
+  const fs::path machine = folder.path / "machine.json";
+};
+
+std::string LogLine(int module, const fs::path& file) {
+  return R"({"type":"log","module":)" + std::to_string(module) + R"(,"file":")" + file.string() +
+         "\"}\n";
+}
+
+TEST_F(CompanionServiceTest, OffersTheLogsToTheTerminalProgramAndPacksThemWithoutIdentifiers) {
+  WriteLogs();
+  const Outcome packed = Logs({"--upload"});
+  EXPECT_EQ(packed.exitStatus, 0) << packed.errors;
+  ASSERT_EQ(Outbox().size(), 1u) << "the archive and nothing else";
+  const fs::path archive = Outbox().front();
+  EXPECT_EQ(packed.output, LogLine(1, data / "log/old.log") + LogLine(2, data / "events.jsonl") +
+                               LogLine(4, data / "outbox/application-log.txt") +
+                               R"({"type":"archive","file":")" + archive.string() + "\"}\n");
+
+  const auto unpacked = os::RunProcess({"tar", "-xzOf", archive.string()}, 10s);
+  ASSERT_TRUE(unpacked);
+  EXPECT_THAT(unpacked->output, HasSubstr("620000022"));
+  for (const char* identifier : {"SN-47110815", "02-42-ac-11-00-02", "0242AC110002"})
+    EXPECT_THAT(unpacked->output, Not(HasSubstr(identifier)));
+  EXPECT_FALSE(fs::exists(socket)) << "what it started is ended";
+}
+
+TEST_F(CompanionServiceTest, DiscardsWhatIsNotUploadedAndOffersNothingWhenThereIsNothing) {
+  const Outcome none = Logs({"--upload"});
+  EXPECT_EQ(none.exitStatus, 0) << none.errors;
+  EXPECT_THAT(none.output, IsEmpty());
+
+  WriteLogs();
+  const Outcome listed = Logs();
+  EXPECT_EQ(listed.exitStatus, 0) << listed.errors;
+  EXPECT_THAT(listed.output, HasSubstr("application-log.txt"));
+  EXPECT_THAT(Outbox(), IsEmpty());
+}
+
+// The terminal programs come and go; the service stays, also when the broker is killed.
+TEST_F(CompanionServiceTest, ServesSeveralProgramsThroughABrokerThatRestarts) {
+  WriteLogs();
+  const auto service = StartService();
+  const std::vector<std::string> serve = {"--data-dir", data.string(), "serve", "--socket",
+                                          socket.string()};
+  auto broker = std::make_unique<Program>(serve);
+  ASSERT_TRUE(broker->ReadUntil("a.sock"));
+  EXPECT_EQ(RunProgram(serve).exitStatus, 2) << "one broker at a time";
+  EXPECT_THAT(Logs().output, HasSubstr("application-log.txt"));
+
+  broker = nullptr;
+  broker = std::make_unique<Program>(serve);
+  ASSERT_TRUE(broker->ReadUntil("a.sock"));
+  EXPECT_THAT(Logs({"--upload"}).output, HasSubstr(".tar.gz"));
+  EXPECT_FALSE(service->EndsWithin(0s));
+  service->AskToEnd();
+  EXPECT_TRUE(service->EndsWithin(3s));
+}
+
+TEST_F(CompanionServiceTest, MayBeKilledAtAnyMomentAndStartedAgain) {
+  WriteLogs();
+  const message::Broker broker(socket);
+  CIPCMessageClient client(0x390000, false);
+  std::minstd_rand random(3);
+  for (int i = 0; i < 30; ++i) {
+    const auto service = StartService();
+    const auto killed = std::chrono::steady_clock::now() + 1ms * (random() % 60);
+    while (std::chrono::steady_clock::now() < killed) {
+      for (const std::uint32_t id : {0x3B0001u, 0x3B0002u, 0x3B0003u}) {
+        tagIPC_MESSAGE_ITEM item;
+        item.target = kService;
+        item.messageId = id;
+        client.PostIPCMessage(item);
+      }
+      std::this_thread::sleep_for(3ms);
+    }
+    service->Kill();
+  }
+  const Outcome after = Logs({"--upload"});
+  EXPECT_EQ(after.exitStatus, 0) << after.errors;
+  EXPECT_THAT(after.output, HasSubstr(".tar.gz"));
+  EXPECT_FALSE(fs::exists(data / "outbox/.packing"));
+}
+
+}  // namespace
