@@ -9,7 +9,7 @@
 
 namespace cli {
 
-enum class Command { List, Info, Run, History };
+enum class Command { List, Info, Run, History, Record };
 
 struct Arguments {
   std::filesystem::path machineFile;
@@ -22,6 +22,11 @@ struct Arguments {
   Command command = Command::List;
   std::vector<orv::sysdiagnose::enmHardwareID> categories;  // none: all that are offered
   int historyCount = 12;
+  std::filesystem::path reportFile;     // none: no report
+  std::filesystem::path recordingFile;  // where the machine file goes
+  bool withTests = false;               // of a recording
+  bool replaceFile = false;
+  bool plain = false;  // serial numbers and MAC addresses as they are, not hashed
 };
 
 /// What the user typed cannot be meant; the text says what is wrong, in one line.

@@ -19,6 +19,7 @@ int RunList(const Arguments& arguments);
 int RunInfo(const Arguments& arguments);
 int RunDiagnosis(const Arguments& arguments);
 int RunHistory(const Arguments& arguments);
+int RunRecording(const Arguments& arguments);
 
 /// The categories named, or all offered ones in catalogue order.
 std::vector<orv::sysdiagnose::enmHardwareID> SelectedCategories(const Arguments& arguments);

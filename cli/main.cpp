@@ -32,8 +32,8 @@ void SetUp(const cli::Arguments& arguments) {
   if (arguments.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
 }
 
-constexpr int (*kCommands[])(const cli::Arguments&) = {&cli::RunList, &cli::RunInfo,
-                                                       &cli::RunDiagnosis, &cli::RunHistory};
+constexpr int (*kCommands[])(const cli::Arguments&) = {
+    &cli::RunList, &cli::RunInfo, &cli::RunDiagnosis, &cli::RunHistory, &cli::RunRecording};
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include <atomic>
 
 #include "cli/commands.h"
+#include "cli/report_file.h"
 #include "cli/run_printer.h"
 #include "platform/concurrency/task.h"
 #include "platform/os/interrupt.h"
@@ -25,8 +26,11 @@ int RunDiagnosis(const Arguments& arguments) {
   const std::vector<enmHardwareID> selection = SelectedCategories(arguments);
   concurrency::wait_until_idle();  // the summary then carries the device texts
 
-  const std::unique_ptr<RunPrinter> printer =
+  std::unique_ptr<RunPrinter> printer =
       arguments.json ? MakeJsonRunPrinter() : MakeTextRunPrinter(selection);
+  RunReport report;
+  if (!arguments.reportFile.empty())
+    printer = MakeReportCollector(selection, report, std::move(printer));
   int status = kAllNormal;
   DiagnoseEngine engine;
   engine.BeginDetectRun(
@@ -61,6 +65,7 @@ int RunDiagnosis(const Arguments& arguments) {
   engine.Wait();
   interruptible = nullptr;
   if (status != kRunFailed) printer->Record(engine.Record());
+  if (!arguments.reportFile.empty()) WriteReport(report, arguments);
   return status;
 }
 
