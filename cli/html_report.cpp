@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "cli/commands.h"
 #include "cli/history_chart.h"
@@ -77,13 +76,9 @@ class HtmlReportWriter {
   }
 
   void Header() {
-    const os::LocalTime& time = report.written;
-    std::array<char, 64> date{};
-    std::snprintf(date.data(), date.size(), "%04d-%02d-%02d %02d:%02d", time.year, time.month,
-                  time.day, time.hour, time.minute);
     page.Html("<header>\n<p class=\"kind\">").Label(L"TITLE").Html("</p>\n<h1>");
     Product();
-    page.Html("</h1>\n<p class=\"facts\">").Text(date.data());
+    page.Html("</h1>\n<p class=\"facts\">").Text(TimeText(report.written));
     if (report.record) {
       page.Html(" · ").Label(L"NORMAL").Html(" ").Number(report.record->passCount);
       page.Html(" · ").Label(L"ABNORMAL").Html(" ").Number(report.record->failCount);
@@ -195,7 +190,7 @@ class HtmlReportWriter {
 
   void Items(const std::vector<ReportItem>& items) {
     if (items.empty()) return;
-    page.Html("<h3>").Label(L"TESTS").Html("</h3>\n<table>\n<thead><tr>");
+    page.Html("<h3>").Label(L"TESTS").Html("</h3>\n<table class=\"tests\">\n<thead><tr>");
     for (const wchar_t* column : {L"TEST", L"RESULT", L"HINT"})
       page.Html("<th scope=\"col\">").Label(column).Html("</th>");
     page.Html("<th scope=\"col\" class=\"code\">").Label(L"CODE").Html("</th></tr></thead>\n");
@@ -210,7 +205,7 @@ class HtmlReportWriter {
       page.Html("</td></tr>\n");
       return;
     }
-    page.Html("<tr><td>").Text(item.caption).Html("</td><td class=\"state\">");
+    page.Html("<tr><td>").Text(item.caption).Html("</td><td>");
     Badge(BadgeOf(item.state));
     page.Html("</td><td>").Text(item.hint).Html("</td><td class=\"code\">");
     if (item.state != ItemState::NotTested) page.Number(item.code);

@@ -29,6 +29,7 @@ class JsonReportWriter {
     writer.StartObject();
     Add("program", std::string("sysdiagnose " SYSDIAGNOSE_VERSION));
     Add("product", report.product);
+    Add("written", TimeText(report.written));
     Add("end", std::string(kEnds[static_cast<std::size_t>(report.end)]));
     if (!report.error.empty()) Add("error", report.error);
     AddList("categories", report.categories, &JsonReportWriter::Category);

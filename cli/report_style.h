@@ -26,16 +26,17 @@ p { margin: .3rem 0; }
 .badge { font-size: .8rem; font-weight: 600; color: #52606d; white-space: nowrap; }
 .badge.normal { color: #2f7d4f; }
 .badge.abnormal { color: #b42318; }
-table { border-collapse: collapse; width: 100%; }
+table { border-collapse: collapse; width: 100%; table-layout: fixed; }
 th, td {
   text-align: left; vertical-align: top; padding: .28rem .9rem .28rem 0;
   border-bottom: 1px solid #e4e7eb; overflow-wrap: anywhere;
 }
 thead th { color: #52606d; font-size: .85rem; font-weight: 600; }
 tbody th { font-weight: 400; color: #52606d; width: 14rem; }
+.tests th:first-child { width: 17rem; }
+.tests th:nth-child(2) { width: 10rem; }
 tbody + tbody::before { content: ""; display: block; height: .8rem; }
 tr.heading td { font-weight: 600; padding-top: .6rem; }
-td.state { width: 9rem; }
 td.code, th.code { width: 6rem; text-align: right; padding-right: 0;
   font-variant-numeric: tabular-nums; }
 .results { columns: 3 14rem; list-style: none; margin: 0; padding: 0; column-gap: 2rem; }

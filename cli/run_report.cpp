@@ -1,6 +1,8 @@
 #include "cli/run_report.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 
 #include "common/log.h"
 #include "platform/machine/machine.h"
@@ -52,6 +54,13 @@ void AddMachineFacts(RunReport& report) {
   report.written = os::CurrentClock().Local();
   for (ReportCategory& category : report.categories) AddInformation(category);
   AddHistory(report);
+}
+
+std::string TimeText(const os::LocalTime& time) {
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d", time.year, time.month,
+                time.day, time.hour, time.minute);
+  return text.data();
 }
 
 CategoryVerdict VerdictOf(const RunReport& report, const ReportCategory& category) {

@@ -65,6 +65,9 @@ std::unique_ptr<RunPrinter> MakeReportCollector(
 /// cannot be read says so in the report.
 void AddMachineFacts(RunReport& report);
 
+/// As "2024-03-09 10:11".
+std::string TimeText(const os::LocalTime& time);
+
 enum class CategoryVerdict { NotTested, Normal, Abnormal };
 
 /// A category's verdict: abnormal when it has an abnormal item, else as the record has it.

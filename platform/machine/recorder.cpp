@@ -30,6 +30,7 @@ RecordedAnswer Ask(Machine& machine, TestCall call, std::size_t ordinal, int dis
     recorded.text = std::move(answer.text);
     recorded.pass = answer.pass || !HasVerdict(call);
     recorded.flags = std::move(answer.flags);
+    while (!recorded.flags.empty() && recorded.flags.back() == 0) recorded.flags.pop_back();
   } catch (...) {
     recorded.code = PassedCode(kTestCalls[static_cast<std::size_t>(call)]);
     recorded.fault = common::DescribeCurrentException();

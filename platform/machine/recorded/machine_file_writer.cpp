@@ -140,12 +140,9 @@ Value FileBuilder::Answer(const RecordedAnswer& answer, std::uint32_t passedCode
   if (answer.code != passedCode) object.AddMember("code", code, allocator);
   if (!answer.text.empty()) object.AddMember("text", Text(answer.text), allocator);
   if (!answer.pass) object.AddMember("pass", Value(false), allocator);
-  std::size_t flagCount = answer.flags.size();
-  while (flagCount > 0 && answer.flags[flagCount - 1] == 0) --flagCount;
-  if (flagCount > 0) {
+  if (!answer.flags.empty()) {
     Value flags(rapidjson::kArrayType);
-    for (std::size_t i = 0; i < flagCount; ++i)
-      flags.PushBack(unsigned{answer.flags[i]}, allocator);
+    for (const std::uint8_t flag : answer.flags) flags.PushBack(unsigned{flag}, allocator);
     object.AddMember("flags", flags, allocator);
   }
   if (answer.fault) object.AddMember("throws", Text(*answer.fault), allocator);
