@@ -21,6 +21,7 @@ int RunDiagnosis(const Arguments& arguments);
 int RunHistory(const Arguments& arguments);
 int RunScan(const Arguments& arguments);
 int RunCheck(const Arguments& arguments);
+int RunRecording(const Arguments& arguments);
 
 /// The categories named, or all offered ones in catalogue order.
 std::vector<orv::sysdiagnose::enmHardwareID> SelectedCategories(const Arguments& arguments);

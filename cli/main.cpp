@@ -33,9 +33,9 @@ void SetUp(const cli::Arguments& arguments) {
   if (arguments.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
 }
 
-constexpr int (*kCommands[])(const cli::Arguments&) = {&cli::RunList,      &cli::RunInfo,
-                                                       &cli::RunDiagnosis, &cli::RunHistory,
-                                                       &cli::RunScan,      &cli::RunCheck};
+constexpr int (*kCommands[])(const cli::Arguments&) = {
+    &cli::RunList, &cli::RunInfo,  &cli::RunDiagnosis, &cli::RunHistory,
+    &cli::RunScan, &cli::RunCheck, &cli::RunRecording};
 
 }  // namespace
 
