@@ -53,6 +53,11 @@ class JsonReportWriter {
 
   void Add(const char* name, const std::string& utf8) { Add(name, common::Utf8ToWide(utf8)); }
 
+  void AddFlag(const char* name, bool flag) {
+    writer.Key(name);
+    writer.Bool(flag);
+  }
+
   void Add(const char* name, std::int64_t number) {
     writer.Key(name);
     writer.Int64(number);
@@ -78,15 +83,15 @@ class JsonReportWriter {
     AddList("unknown", category.unknown, &JsonReportWriter::Text);
     if (!category.repairOffer.empty()) Add("repairOffer", category.repairOffer);
     AddList("repairs", category.repairs, &JsonReportWriter::Repair);
-    Add("repaired", category.repaired);
+    AddFlag("repaired", category.repaired);
     writer.EndObject();
   }
 
   void Repair(const ReportRepair& repair) {
     writer.StartObject();
     Add("command", repair.command);
-    Add("succeeded", repair.succeeded);
-    Add("restart", repair.restart);
+    AddFlag("succeeded", repair.succeeded);
+    AddFlag("restart", repair.restart);
     Add("text", repair.text);
     writer.EndObject();
   }
