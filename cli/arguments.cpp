@@ -6,6 +6,8 @@
 #include <charconv>
 #include <iostream>
 
+#include "cli/report_file.h"
+
 namespace cli {
 namespace {
 
@@ -37,6 +39,38 @@ enmHardwareID ParseCategory(const std::string& text) {
 }
 
 constexpr const char* kSeeHelp = "; see sysdiagnose --help";
+
+void AddPlainOption(CLI::App& command, Arguments& arguments) {
+  command.add_flag("--plain", arguments.plain,
+                   "Leave serial numbers and MAC addresses as they are; else they are hashed");
+}
+
+void AddReportOptions(CLI::App& run, Arguments& arguments) {
+  run.add_option("--report", arguments.reportFile,
+                 "Write the run as a page (FILE.html) or as data (FILE.json)")
+      ->type_name("FILE");
+  AddPlainOption(run, arguments);
+}
+
+void AddSocketOption(CLI::App& command, Arguments& arguments) {
+  command
+      .add_option("--socket", arguments.socket, "Socket of the broker (default: the user's own)")
+      ->type_name("FILE");
+}
+
+void AddLogsOptions(CLI::App& command, Arguments& arguments) {
+  command.add_flag("--upload", arguments.upload, "Pack them into the outbox of the data folder");
+  AddSocketOption(command, arguments);
+}
+
+void AddRecordOptions(CLI::App& record, Arguments& arguments) {
+  record.add_option("file", arguments.recordingFile, "Where the machine file goes")
+      ->type_name("FILE")
+      ->required();
+  record.add_flag("--tests", arguments.withTests, "Record the answers of all tests too");
+  record.add_flag("--force", arguments.replaceFile, "Replace the file if it exists");
+  AddPlainOption(record, arguments);
+}
 
 }  // namespace
 
@@ -84,19 +118,20 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
     sub->add_flag("--yes", arguments.assumeYes, "Do not ask before a repair")->needs("--repair");
   }
   command("scan", "Information sheets of all offered categories, as they are found", Command::Scan);
+  AddReportOptions(*run, arguments);
   command("history", "Latest run of each day, newest first", Command::History)
       ->add_option("--count", arguments.historyCount, "Number of days at most")
       ->type_name("N")
       ->check(CLI::Range(1, 90))
       ->capture_default_str();
-  CLI::App* const serve =
-      command("serve", "Relay messages between this user's programs until Ctrl-C", Command::Serve);
-  CLI::App* const logs = command(
-      "logs", "Log files that can be uploaded, asked of the companion service", Command::Logs);
-  logs->add_flag("--upload", arguments.upload, "Pack them into the outbox of the data folder");
-  for (CLI::App* user : {serve, logs})
-    user->add_option("--socket", arguments.socket, "Socket of the broker (default: the user's)")
-        ->type_name("FILE");
+  AddRecordOptions(*command("record", "Write this machine down as a machine file", Command::Record),
+                   arguments);
+  AddSocketOption(
+      *command("serve", "Relay messages between this user's programs until Ctrl-C", Command::Serve),
+      arguments);
+  AddLogsOptions(*command("logs", "Log files that can be uploaded, asked of the companion service",
+                          Command::Logs),
+                 arguments);
 
   try {
     app.parse(argc, argv);
@@ -111,6 +146,8 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   } catch (const CLI::ParseError& error) {
     throw UsageError(std::string(error.what()) + kSeeHelp);
   }
+  if (!arguments.reportFile.empty() && !IsReportName(arguments.reportFile))
+    throw UsageError("a report's file ends in .html or .json");
   std::transform(categories.begin(), categories.end(), std::back_inserter(arguments.categories),
                  &ParseCategory);
   return true;

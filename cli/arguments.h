@@ -9,7 +9,7 @@
 
 namespace cli {
 
-enum class Command { List, Info, Run, History, Scan, Check, Serve, Logs };
+enum class Command { List, Info, Run, History, Scan, Check, Record, Serve, Logs };
 
 struct Arguments {
   std::filesystem::path machineFile;
@@ -22,8 +22,13 @@ struct Arguments {
   Command command = Command::List;
   std::vector<orv::sysdiagnose::enmHardwareID> categories;  // none: all that are offered
   int historyCount = 12;
-  bool repair = false;           // repair what can be repaired after a run or a check
-  bool assumeYes = false;        // do not ask before a repair
+  bool repair = false;                  // repair what can be repaired after a run or a check
+  bool assumeYes = false;               // do not ask before a repair
+  std::filesystem::path reportFile;     // none: no report
+  std::filesystem::path recordingFile;  // where the machine file goes
+  bool withTests = false;               // of a recording
+  bool replaceFile = false;
+  bool plain = false;            // serial numbers and MAC addresses as they are, not hashed
   std::filesystem::path socket;  // empty: the user's own
   bool upload = false;
 };

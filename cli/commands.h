@@ -22,6 +22,7 @@ int RunDiagnosis(const Arguments& arguments);
 int RunHistory(const Arguments& arguments);
 int RunScan(const Arguments& arguments);
 int RunCheck(const Arguments& arguments);
+int RunRecording(const Arguments& arguments);
 int RunServe(const Arguments& arguments);
 int RunLogs(const Arguments& arguments);
 

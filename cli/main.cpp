@@ -34,8 +34,8 @@ void SetUp(const cli::Arguments& arguments) {
 }
 
 constexpr int (*kCommands[])(const cli::Arguments&) = {
-    &cli::RunList, &cli::RunInfo,  &cli::RunDiagnosis, &cli::RunHistory,
-    &cli::RunScan, &cli::RunCheck, &cli::RunServe,     &cli::RunLogs};
+    &cli::RunList,  &cli::RunInfo,      &cli::RunDiagnosis, &cli::RunHistory, &cli::RunScan,
+    &cli::RunCheck, &cli::RunRecording, &cli::RunServe,     &cli::RunLogs};
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include "cli/commands.h"
 #include "cli/interruptible.h"
 #include "cli/repair_choice.h"
+#include "cli/report_file.h"
 #include "cli/run_printer.h"
 #include "platform/concurrency/task.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
@@ -108,14 +109,18 @@ int RunDiagnosis(const Arguments& arguments) {
   DetectCatalogue::Instance();
   concurrency::wait_until_idle();  // the summary then carries the device texts
 
-  const std::unique_ptr<RunPrinter> printer =
+  std::unique_ptr<RunPrinter> printer =
       arguments.json ? MakeJsonRunPrinter() : MakeTextRunPrinter(selection);
+  RunReport report;
+  if (!arguments.reportFile.empty())
+    printer = MakeReportCollector(selection, report, std::move(printer));
   Diagnosis diagnosis(selection, *printer);
   diagnosis.Detect();
   if (arguments.repair && diagnosis.CanRepair()) {
     RepairMap chosen = ChooseRepairs(arguments, diagnosis.OfferedRepairs());
     if (!chosen.empty()) diagnosis.Repair(std::move(chosen));
   }
+  if (!arguments.reportFile.empty()) WriteReport(report, arguments);
   return diagnosis.Status();
 }
 

@@ -24,7 +24,7 @@ foreach(file IN LISTS checked_files)
   list(APPEND stamps ${stamp}.format)
 
   # Headers are checked with the sources that include them.
-  if(file MATCHES "\\.cpp$" AND NOT file MATCHES "^fuzz/")
+  if(file MATCHES "\\.cpp$" AND NOT file MATCHES "^(fuzz|tests)/")
     add_custom_command(
       OUTPUT ${stamp}.tidy VERBATIM COMMENT "Tidy ${file}"
       DEPENDS ${CMAKE_SOURCE_DIR}/${file} ${CMAKE_SOURCE_DIR}/.clang-tidy

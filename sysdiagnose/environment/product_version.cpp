@@ -38,6 +38,10 @@ std::wstring KeptProductVersion() {
   return value;
 }
 
+std::array<std::string, 3> ProductVersionPlace() {
+  return {kRoot, kKey, kName};
+}
+
 std::string CleanProductVersion(std::string text) {
   if (text.size() >= kVersionBuffer) return {};
   std::erase_if(text, [](char c) {

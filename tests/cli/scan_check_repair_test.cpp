@@ -79,6 +79,17 @@ TEST_F(RepairCommandTest, ARunRepairsWhatWasOfferedAndStoresASecondRow) {
 {"type":"record","cells":[0,-1,-1,-1,0,-1,-1,-1,-1,-1,1,-1,2,1,)"));
 }
 
+TEST_F(RepairCommandTest, TheReportTellsOfTheRepairs) {
+  const std::string file = folder.path / "report.json";
+  Run({"run", "graphics", "--repair", "--yes", "--report", file});
+  const std::string report = ReadText(file);
+  EXPECT_THAT(report, HasSubstr(R"("result": "normal")"));
+  EXPECT_THAT(report, HasSubstr(R"("command": "RepairVideoCard",
+     "succeeded": true,
+     "restart": true,
+     "text": "done")"));
+}
+
 TEST_F(RepairCommandTest, NothingIsTouchedUnlessSomebodyAgrees) {
   const Outcome outcome = Run({"run", "graphics", "--repair"});
   EXPECT_EQ(outcome.exitStatus, 1);

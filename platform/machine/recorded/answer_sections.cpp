@@ -84,9 +84,8 @@ RecordedAnswers ReadAnswers(const JsonNode& node, const AnswerShape& shape) {
 }
 
 AnswerShape ShapeOf(const TestCallRow& row) {
-  const bool isFingerprint =
-      row.call == TestCall::BiometricDevice || row.call == TestCall::BiometricFunction;
-  return {.passedCode = PassedCode(row), .flagCount = row.flagCount, .hasPass = isFingerprint};
+  return {
+      .passedCode = PassedCode(row), .flagCount = row.flagCount, .hasPass = HasVerdict(row.call)};
 }
 
 }  // namespace

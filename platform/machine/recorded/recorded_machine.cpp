@@ -26,6 +26,10 @@ std::uint32_t PassedCode(const TestCallRow& row) {
   return row.flagCount > 0 ? 1 : 0;
 }
 
+bool HasVerdict(TestCall call) {
+  return call == TestCall::BiometricDevice || call == TestCall::BiometricFunction;
+}
+
 TestAnswer RecordedMachine::Test(TestCall call, std::size_t ordinal, int /*disk*/) {
   const auto index = static_cast<std::size_t>(call);
   RecordedAnswer answer = Play(recording.tests[index], ordinal, PassedCode(kTestCalls[index]));

@@ -43,6 +43,9 @@ struct Recording {
 /// What a test answers when a file gives no code: passed, which for SMART is 1.
 std::uint32_t PassedCode(const TestCallRow& row);
 
+/// Whether a test hands out a verdict beside its code: the fingerprint tests do.
+bool HasVerdict(TestCall call);
+
 /// A machine that gives recorded answers. Never changes, so that any thread may ask.
 class RecordedMachine final : public Machine {
  public:

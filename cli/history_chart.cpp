@@ -1,0 +1,147 @@
+#include "cli/history_chart.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+
+namespace cli {
+namespace {
+
+constexpr int kDays = 90;
+constexpr int kLabelledDays[] = {89, 60, 30, 0};
+
+// In pixels of the picture.
+constexpr int kLeft = 28;
+constexpr int kTop = 8;
+constexpr int kStep = 10;
+constexpr int kBar = 8;
+constexpr int kHeight = 96;
+constexpr int kBottom = kTop + kHeight;
+constexpr int kWidth = kLeft + kDays * kStep;
+
+int LeftOf(int daysBack) {
+  return kLeft + (kDays - 1 - daysBack) * kStep;
+}
+
+// As "2024-03-09".
+std::string DateText(const os::LocalTime& today, int daysBack) {
+  using namespace std::chrono;
+  const sys_days day = sys_days(year(today.year) / today.month / today.day) - days(daysBack);
+  const year_month_day date(day);
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02u-%02u", static_cast<int>(date.year()),
+                static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
+  return text.data();
+}
+
+class Chart {
+ public:
+  Chart(const RunReport& shown, HtmlWriter& target) : report(shown), page(target) {
+    for (const ReportDay& day : report.history)
+      highest = std::max(highest, CountOf(day.record.passCount) + CountOf(day.record.failCount));
+  }
+
+  void Draw() {
+    page.Html("<svg class=\"chart\" role=\"img\" viewBox=\"0 0 ")
+        .Number(kWidth)
+        .Html(" ")
+        .Number(kBottom + 20)
+        .Html("\"><title>")
+        .Label(L"HISTORY")
+        .Html("</title>\n");
+    DrawLevel(0);
+    DrawLevel(highest);
+    for (const int daysBack : kLabelledDays) DrawDate(daysBack);
+    for (const ReportDay& day : report.history)
+      if (day.daysBack >= 0 && day.daysBack < kDays) DrawDay(day);
+    page.Html("</svg>\n");
+  }
+
+ private:
+  static std::int64_t CountOf(std::int32_t stored) { return std::max(stored, 0); }
+
+  int HeightOf(std::int64_t count) const { return static_cast<int>(count * kHeight / highest); }
+
+  void DrawLevel(std::int64_t count) {
+    const int y = kBottom - HeightOf(count);
+    page.Html("<path class=\"level\" d=\"M")
+        .Number(kLeft)
+        .Html(" ")
+        .Number(y)
+        .Html("H")
+        .Number(kWidth)
+        .Html("\"/><text class=\"end\" x=\"")
+        .Number(kLeft - 6)
+        .Html("\" y=\"")
+        .Number(y + 4)
+        .Html("\">")
+        .Number(count)
+        .Html("</text>\n");
+  }
+
+  // The first date begins at its column, the last one ends there, the others stand about it.
+  void DrawDate(int daysBack) {
+    const bool isFirst = daysBack == kDays - 1;
+    page.Html(isFirst         ? "<text"
+              : daysBack == 0 ? "<text class=\"end\""
+                              : "<text class=\"middle\"")
+        .Html(" x=\"")
+        .Number(LeftOf(daysBack) + (isFirst         ? 0
+                                    : daysBack == 0 ? kBar
+                                                    : kBar / 2))
+        .Html("\" y=\"")
+        .Number(kBottom + 15)
+        .Html("\">")
+        .Text(DateText(report.written, daysBack))
+        .Html("</text>\n");
+  }
+
+  void DrawDay(const ReportDay& day) {
+    const std::int64_t normal = CountOf(day.record.passCount);
+    const std::int64_t abnormal = CountOf(day.record.failCount);
+    const int top = kBottom - HeightOf(normal + abnormal);
+    const int middle = kBottom - HeightOf(normal);
+    page.Html("<g><title>")
+        .Text(DateText(report.written, day.daysBack))
+        .Html(": ")
+        .Label(L"NORMAL")
+        .Html(" ")
+        .Number(normal)
+        .Html(", ")
+        .Label(L"ABNORMAL")
+        .Html(" ")
+        .Number(abnormal)
+        .Html("</title>");
+    DrawBar("normal", day.daysBack, middle, kBottom);
+    DrawBar("abnormal", day.daysBack, top, middle);
+    page.Html("</g>\n");
+  }
+
+  void DrawBar(std::string_view kind, int daysBack, int top, int bottom) {
+    if (top == bottom) return;
+    page.Html("<rect class=\"")
+        .Html(kind)
+        .Html("\" x=\"")
+        .Number(LeftOf(daysBack))
+        .Html("\" y=\"")
+        .Number(top)
+        .Html("\" width=\"")
+        .Number(kBar)
+        .Html("\" height=\"")
+        .Number(bottom - top)
+        .Html("\"/>");
+  }
+
+  const RunReport& report;
+  HtmlWriter& page;
+  std::int64_t highest = orv::sysdiagnose::kHardwareIdCount;
+};
+
+}  // namespace
+
+void DrawHistory(const RunReport& report, HtmlWriter& page) {
+  Chart(report, page).Draw();
+}
+
+}  // namespace cli

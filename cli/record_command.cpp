@@ -1,0 +1,48 @@
+#include <cstdio>
+
+#include "cli/commands.h"
+#include "cli/json_line.h"
+#include "common/file.h"
+#include "platform/machine/recorder.h"
+#include "platform/os/path_text.h"
+#include "sysdiagnose/environment/product_version.h"
+
+namespace cli {
+
+using namespace orv::sysdiagnose;
+
+namespace {
+
+// The version that a diagnosis of this machine would see.
+std::wstring ProductVersion() {
+  const std::wstring version = ReadOemVersion();
+  return version.empty() ? KeptProductVersion() : version;
+}
+
+void RequireNew(const std::filesystem::path& file) {
+  std::error_code error;
+  if (std::filesystem::exists(std::filesystem::symlink_status(file, error)))
+    throw UsageError(os::PathText(file) + ": exists already; --force replaces it");
+}
+
+}  // namespace
+
+int RunRecording(const Arguments& arguments) {
+  const std::filesystem::path& file = arguments.recordingFile;
+  if (!arguments.replaceFile) RequireNew(file);
+
+  machine::RecordRequest request;
+  request.withTests = arguments.withTests;
+  request.plain = arguments.plain;
+  const std::wstring version = ProductVersion();
+  if (!version.empty()) request.registry[ProductVersionPlace()] = version;
+  common::ReplaceFile(file, machine::RecordMachine(machine::Current(), request));
+
+  if (arguments.json)
+    JsonLine("recorded").Add("file", os::PathText(file));
+  else
+    std::printf("Recorded the machine in %s.\n", os::PathText(file).c_str());
+  return kAllNormal;
+}
+
+}  // namespace cli

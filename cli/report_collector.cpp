@@ -1,0 +1,120 @@
+#include <algorithm>
+
+#include "cli/commands.h"
+#include "cli/run_report.h"
+
+namespace cli {
+
+using namespace orv::sysdiagnose;
+
+namespace {
+
+class ReportCollector final : public RunPrinter {
+ public:
+  ReportCollector(const std::vector<enmHardwareID>& selection, RunReport& filled,
+                  std::unique_ptr<RunPrinter> following)
+      : report(filled), next(std::move(following)) {
+    for (const enmHardwareID category : selection) CategoryOf(category);
+  }
+
+  void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
+    CategoryOf(category).items.emplace_back().caption = info.caption;
+    next->ItemStart(category, info);
+  }
+
+  void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail) override {
+    TakeResult(CategoryOf(category).items, detail);
+    next->ItemResult(category, detail);
+  }
+
+  void CategoryUnknown(enmHardwareID category, const std::wstring& text) override {
+    CategoryOf(category).unknown.push_back(text);
+    next->CategoryUnknown(category, text);
+  }
+
+  void RepairOffer(enmHardwareID category, const tagRepairItemInfo& offer) override {
+    CategoryOf(category).repairOffer = offer.text;
+    next->RepairOffer(category, offer);
+  }
+
+  void Cancelled() override {
+    report.end = RunEnd::Cancelled;
+    next->Cancelled();
+  }
+
+  void Finished(int abnormal, int firstAbnormal) override {
+    report.end = RunEnd::Finished;
+    next->Finished(abnormal, firstAbnormal);
+  }
+
+  void Failed(const std::string& error) override {
+    report.end = RunEnd::Failed;
+    report.error = error;
+    next->Failed(error);
+  }
+
+  void RepairCategoryStart(int position, enmHardwareID category) override {
+    next->RepairCategoryStart(position, category);
+  }
+
+  void RepairStart(int position, enmHardwareID category, const tagRepairItemInfo& repair) override {
+    next->RepairStart(position, category, repair);
+  }
+
+  void RepairResult(int position, enmHardwareID category, const tagRepairItemInfo& repair,
+                    const HardwareDetect::tagHARDWARE_REPAIR_RESULT& result) override {
+    CategoryOf(category).repairs.push_back(
+        {repair.command, result.code == 0, result.restart != 0, result.text});
+    next->RepairResult(position, category, repair, result);
+  }
+
+  void RepairCategoryResult(bool repaired, enmHardwareID category, int position) override {
+    CategoryOf(category).repaired = repaired;
+    next->RepairCategoryResult(repaired, category, position);
+  }
+
+  void RepairFinished(bool all, bool restart, int firstFaulty) override {
+    report.end = RunEnd::Finished;
+    next->RepairFinished(all, restart, firstFaulty);
+  }
+
+  void Record(const RunRecord& record) override {
+    report.record = record;
+    next->Record(record);
+  }
+
+ private:
+  ReportCategory& CategoryOf(enmHardwareID id) {
+    const auto known = std::ranges::find(report.categories, id, &ReportCategory::id);
+    if (known != report.categories.end()) return *known;
+    ReportCategory& added = report.categories.emplace_back();
+    added.id = id;
+    added.caption = CaptionOf(id);
+    return added;
+  }
+
+  // The result belongs to the announcement before it; one that was announced without a result
+  // before that was a heading.
+  static void TakeResult(std::vector<ReportItem>& items, const tagDetectItemDetail& detail) {
+    if (items.empty() || items.back().state != ItemState::NotTested) items.emplace_back();
+    if (detail.caption.empty()) return items.pop_back();
+    items.back() = {detail.normal ? ItemState::Normal : ItemState::Abnormal, detail.caption,
+                    detail.hint, detail.code};
+    if (items.size() < 2) return;
+    ReportItem& before = items[items.size() - 2];
+    if (before.state == ItemState::NotTested) before.state = ItemState::Heading;
+  }
+
+  RunReport& report;
+  const std::unique_ptr<RunPrinter> next;
+};
+
+}  // namespace
+
+std::unique_ptr<RunPrinter> MakeReportCollector(const std::vector<enmHardwareID>& selection,
+                                                RunReport& report,
+                                                std::unique_ptr<RunPrinter> next) {
+  return std::make_unique<ReportCollector>(selection, report, std::move(next));
+}
+
+}  // namespace cli

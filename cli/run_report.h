@@ -1,0 +1,86 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/run_printer.h"
+#include "platform/os/clock.h"
+#include "sysdiagnose/catalogue/information_sheet.h"
+
+namespace cli {
+
+enum class ItemState {
+  NotTested,  // announced, but without a result
+  Heading,    // announced what the items behind it are about
+  Normal,
+  Abnormal
+};
+
+struct ReportItem {
+  ItemState state = ItemState::NotTested;
+  std::wstring caption;
+  std::wstring hint;
+  std::int32_t code = 0;
+};
+
+struct ReportRepair {
+  std::wstring command;
+  bool succeeded = false;
+  bool restart = false;  // needed for it to take effect
+  std::wstring text;
+};
+
+struct ReportCategory {
+  orv::sysdiagnose::enmHardwareID id{};
+  std::wstring caption;
+  std::vector<orv::sysdiagnose::HardwareInfoRow> information;  // an empty row ends a device
+  std::string informationFault;                                // why there is none
+  std::vector<ReportItem> items;
+  std::vector<std::wstring> unknown;  // why the rest was left out
+  std::wstring repairOffer;           // empty: none
+  std::vector<ReportRepair> repairs;  // what was done
+  bool repaired = false;
+};
+
+enum class RunEnd { Finished, Cancelled, Failed };
+
+/// The latest run of a day.
+struct ReportDay {
+  int daysBack = 0;  // 0 is today
+  orv::sysdiagnose::HistoryRecord record;
+};
+
+/// All that a report tells of a run, as it is: nothing masked, nothing escaped.
+struct RunReport {
+  std::wstring product;
+  os::LocalTime written;
+  RunEnd end = RunEnd::Failed;
+  std::string error;                       // of a failed run
+  std::vector<ReportCategory> categories;  // in the order of the selection, each once
+  std::optional<orv::sysdiagnose::RunRecord> record;
+  std::vector<ReportDay> history;  // newest first
+  std::string historyFault;        // why there is none
+};
+
+/// Fills the report with what the run tells and hands everything on to another printer. The report
+/// must outlive the printer.
+std::unique_ptr<RunPrinter> MakeReportCollector(
+    const std::vector<orv::sysdiagnose::enmHardwareID>& selection, RunReport& report,
+    std::unique_ptr<RunPrinter> next);
+
+/// Adds what the run does not tell: product, time, information sheets and history. A part that
+/// cannot be read says so in the report.
+void AddMachineFacts(RunReport& report);
+
+/// As "2024-03-09 10:11".
+std::string TimeText(const os::LocalTime& time);
+
+enum class CategoryVerdict { NotTested, Normal, Abnormal };
+
+/// A category's verdict: abnormal when it has an abnormal item and was not repaired, else as the
+/// record has it.
+CategoryVerdict VerdictOf(const RunReport& report, const ReportCategory& category);
+
+}  // namespace cli

@@ -1,0 +1,220 @@
+#include <gmock/gmock.h>
+#include <rapidjson/document.h>
+
+#include <regex>
+
+#include "platform/os/clock.h"
+#include "platform/os/paths.h"
+#include "platform/util/text_helpers.h"
+#include "tests/cli/run_program.h"
+#include "tests/support/history_row.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+const std::string kFiles = MACHINE_FILES;
+
+rapidjson::Document Json(const std::string& text) {
+  rapidjson::Document document;
+  document.Parse(text.c_str(), text.size());
+  EXPECT_FALSE(document.HasParseError()) << text;
+  return document;
+}
+
+// The first tag that is not closed by its own end, or nothing.
+std::string UnbalancedTag(const std::string& html) {
+  std::vector<std::string> open;
+  const std::regex tag(R"(<(/?)([a-z][a-z0-9]*)[^<>]*?(/?)>)");
+  for (std::sregex_iterator it(html.begin(), html.end(), tag), end; it != end; ++it) {
+    const std::string name = (*it)[2];
+    if (name == "meta" || (*it)[3].length() > 0) continue;
+    if ((*it)[1].length() == 0) {
+      open.push_back(name);
+    } else {
+      if (open.empty() || open.back() != name) return "/" + name;
+      open.pop_back();
+    }
+  }
+  return open.empty() ? "" : open.back();
+}
+
+std::size_t CountOf(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+class Identifiers {
+ public:
+  std::string Serial() {
+    std::string serial;
+    for (int i = 0; i < 6 + static_cast<int>(random() % 10); ++i)
+      serial += "ABCDEFGHJKLMNPQRSTUVWXYZ0123456789"[random() % 34];
+    all.push_back(serial);
+    return serial;
+  }
+
+  std::string Address(const std::string& separator) {
+    std::string digits, address;
+    for (int i = 0; i < 6; ++i) {
+      char pair[3];
+      std::snprintf(pair, sizeof pair, "%02X", static_cast<unsigned>(random() % 256));
+      digits += pair;
+      address += (i == 0 ? "" : separator) + pair;
+    }
+    all.push_back(digits);
+    all.push_back(address);
+    return address;
+  }
+
+  std::vector<std::string> all;
+
+ private:
+  std::mt19937 random{std::random_device()()};
+};
+
+TEST(ReportTest, NoExportHoldsASerialNumberOrAnAddress) {
+  const Program program;
+  Identifiers ids;
+  const std::string board = ids.Serial(), module = ids.Serial(), disk = ids.Serial();
+  const std::string known = ids.Address("-"), unknown = ids.Address(":");
+  std::string lower = disk;
+  for (char& c : lower) c = static_cast<char>(std::tolower(c));
+  const std::string machine =
+      program.Machine(R"({"product": "Sample )" + board + R"(", "shelf": ["orv_plugin_hardware"],
+      "registry": {"HKEY_LOCAL_MACHINE": {"HARDWARE\\DESCRIPTION\\System\\Product": {"Version": "TK-)" +
+                      module + R"("}}}, "info": {
+      "CBaseboard": {"GetBaseboardSerialNumber": "  )" +
+                      board + R"( "},
+      "CMemory": {"GetSerialNumberbyIndex": [")" +
+                      module + R"("], "GetPartNumberbyIndex": ["p)" + module + R"(q"]},
+      "CDisk": {"GetSerialNumber": [")" +
+                      disk + R"("], "GetCaption": ["Disk )" + lower + R"("], "JudgeSSd": [true]},
+      "CNetworkAdapter": {"GetWireLessIndex": [0], "GetMacAddressbyIndex": [")" +
+                      known + R"("],
+        "GetCaptionbyIndex": ["Wireless )" +
+                      unknown + R"("]},
+      "CBattery": {"GetBatteryName": ")" +
+                      ids.all[3] + R"("}},
+      "tests": {"WifiFaultDetect::CheckWifiSignal": {"code": 3, "text": "at )" +
+                      known + R"("},
+        "CAudioDetect::CheckDevice": {"throws": "device )" +
+                      unknown + " on " + board + R"("}}})");
+
+  const auto exportAll = [&](const std::vector<std::string>& option) {
+    std::string text;
+    for (const std::string name : {"r.html", "r.json", "m.json"}) {
+      std::vector<std::string> arguments{"run", "--report"};
+      if (name == "m.json") arguments = {"record", "--tests", "--force"};
+      arguments.push_back(program.Path(name));
+      arguments.insert(arguments.end(), option.begin(), option.end());
+      program.RunOn(machine, arguments);
+      text += ReadText(program.Path(name));
+    }
+    return DE::UpperCase(text);
+  };
+  const std::string masked = exportAll({});
+  for (const std::string& id : ids.all) EXPECT_THAT(masked, Not(HasSubstr(id)));
+  EXPECT_GT(CountOf(masked, "#"), 20U);
+  EXPECT_THAT(exportAll({"--plain"}), testing::AllOf(HasSubstr(board), HasSubstr(known)));
+}
+
+TEST(ReportTest, ThePageIsSoundWhateverTheDevicesAreCalled) {
+  const Program program;
+  const std::string odd = R"(<script>alert(1)</script>\"'&\u0000\u001b[2J</table>\ufffe)";
+  const std::string hostile = program.Machine(
+      R"({"product": ")" + odd + R"(", "info": {"CDisk": {"GetCaption": [")" + odd +
+      R"("], "JudgeSSd": [true]}, "CKeyBoard": {"GetKeyBoardName": ")" + odd +
+      R"("}}, "tests": {"CVideoCardDetect::CheckDevice": {"throws": ")" + odd + R"("}}})");
+  const std::string file = program.Path("report.html");
+  for (const std::string& machine : {hostile, kFiles + "failing.json", kFiles + "odd.json"}) {
+    program.RunOn(machine, {"run", "--report", file});
+    const std::string html = ReadText(file);
+    EXPECT_EQ(UnbalancedTag(html), "");
+    for (const char* never : {"<script", "http://", "https://", "url(", "src=", "href="})
+      EXPECT_THAT(html, Not(HasSubstr(never)));
+    for (const char c : html) EXPECT_TRUE(c == '\n' || static_cast<unsigned char>(c) >= 0x20);
+    if (machine == hostile) {
+      EXPECT_THAT(html, HasSubstr("&lt;script&gt;alert(1)&lt;/script&gt;&quot;&#39;&amp;??[2J"));
+    }
+  }
+}
+
+TEST(ReportTest, TheDataTellWhatTheRunTold) {
+  const Program program;
+  const std::string file = program.Path("report.json");
+  const auto run = program.RunOn(kFiles + "failing.json", {"--json", "run", "--report", file});
+  EXPECT_EQ(run.exitStatus, 1);
+  const rapidjson::Document report = Json(ReadText(file));
+
+  std::vector<std::string> told, reported;
+  const auto describe = [](int category, const rapidjson::Value& item, bool normal) {
+    return std::to_string(category) + item["caption"].GetString() + (normal ? "+" : "-") +
+           item["hint"].GetString() + std::to_string(item["code"].GetInt());
+  };
+  std::istringstream lines(run.output);
+  for (std::string line; std::getline(lines, line);) {
+    const rapidjson::Document event = Json(line);
+    const std::string type = event["type"].GetString();
+    if (type == "itemResult" && event["caption"].GetStringLength() > 0)
+      told.push_back(describe(event["category"].GetInt(), event, event["normal"].GetBool()));
+    if (type == "record") {
+      EXPECT_EQ(report["record"]["dateTime"], event["cells"][15]);
+      EXPECT_EQ(report["record"]["results"]["5"].GetInt(), event["cells"][2].GetInt());
+    }
+  }
+  for (const rapidjson::Value& category : report["categories"].GetArray()) {
+    for (const rapidjson::Value& item : category["items"].GetArray()) {
+      const std::string state = item["state"].GetString();
+      if (state == "normal" || state == "abnormal")
+        reported.push_back(describe(category["category"].GetInt(), item, state == "normal"));
+    }
+  }
+  EXPECT_GT(told.size(), 20U);
+  EXPECT_EQ(reported, told);
+  EXPECT_EQ(report["categories"].Size(), 12U);
+  EXPECT_EQ(report["history"].Size(), 1U);
+}
+
+TEST(ReportTest, ThePictureShowsADayForEachOfTheLastNinetyWithARun) {
+  const Program program;
+  os::SetDataFolder(program.Path("data"));
+  const std::int64_t now = os::CurrentClock().SecondsSinceEpoch();
+  for (const int daysBack : {40, 41, 95})
+    DataManager::Instance().Put(kHistoryTable, HistoryRow(now - daysBack * 86400));
+  const std::string file = program.Path("report.html");
+  program.RunOn(kFiles + "failing.json", {"run", "--report", file});
+  const std::string html = ReadText(file);
+  EXPECT_EQ(CountOf(html, "<g>"), 3U);
+  EXPECT_EQ(CountOf(html, "<rect class=\"normal\""), 3U);
+  EXPECT_EQ(CountOf(html, "<rect class=\"abnormal\""), 1U);
+}
+
+TEST(ReportTest, ARunThatFailsIsReportedWithItsReason) {
+  const Program program;
+  const std::string machine =
+      program.Machine(R"({"tests": {"CMemFaultDetect::CheckBoard": {"throws": "library fault"}}})");
+  const std::string file = program.Path("report.json");
+  EXPECT_EQ(program.RunOn(machine, {"run", "memory", "--report", file}).exitStatus, 4);
+  const rapidjson::Document report = Json(ReadText(file));
+  EXPECT_STREQ(report["end"].GetString(), "failed");
+  EXPECT_STREQ(report["error"].GetString(), "library fault");
+  EXPECT_TRUE(report["record"].IsNull());
+  const auto items = report["categories"][0]["items"].GetArray();
+  EXPECT_STREQ(items[items.Size() - 1]["state"].GetString(), "notTested");
+}
+
+TEST(ReportTest, AnUnwritableReportFailsAfterTheRunAndAWrongNameBeforeIt) {
+  const Program program;
+  const std::string machine = kFiles + "healthy.json";
+  const auto kept = [&] { return program.Run({"history", "--json"}).output; };
+  for (const char* name : {"report.pdf", "report", "html"})
+    EXPECT_EQ(program.RunOn(machine, {"run", "--report", program.Path(name)}).exitStatus, 2);
+  EXPECT_EQ(kept(), "");
+  EXPECT_EQ(program.RunOn(machine, {"run", "--report", program.Path("no/r.html")}).exitStatus, 2);
+  EXPECT_THAT(kept(), HasSubstr("cells"));
+}
+
+}  // namespace
