@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <asio/io_context.hpp>
-#include <asio/post.hpp>
 #include <asio/steady_timer.hpp>
 #include <chrono>
 #include <map>
 #include <mutex>
 #include <set>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -59,20 +57,18 @@ class Broker::Core final : public Uplink {
 
   void Start() {
     Accept();
-    thread = std::thread([this] { context.run(); });
+    Deliveries().Serve(context);
   }
 
   void Stop() {
     for (const Channel& channel : Channels()) channel->Flush();
-    asio::post(context, [this] {
-      stopping = true;
-      pause.cancel();
-      asio::error_code ignored;
-      acceptor.close(ignored);
-      for (const Channel& channel : Channels()) channel->End({});
-    });
-    thread.join();
+    Deliveries().StopServing();
+    stopping = true;
+    pause.cancel();
     std::error_code ignored;
+    acceptor.close(ignored);
+    for (const Channel& channel : Channels()) channel->End({});
+    context.run();  // until nothing is left
     std::filesystem::remove(socket, ignored);
   }
 
@@ -190,8 +186,7 @@ class Broker::Core final : public Uplink {
   asio::io_context context{1};
   Protocol::acceptor acceptor;
   asio::steady_timer pause;
-  bool stopping = false;  // context's thread
-  std::thread thread;
+  bool stopping = false;  // of whoever runs the context
 
   std::mutex mutex;
   std::map<Channel, Peer> peers;

@@ -17,8 +17,9 @@ class UTIL_API BrokerRuns : public std::runtime_error {
 /// Relays messages between the processes of one user. Its own process takes part without a
 /// connection; the others use ConnectToBroker.
 ///
-/// Serves on a thread of its own until it is destroyed. A process whose bytes are no frames, or
-/// that lets more than 256 frames or 8 MiB wait, loses its connection; one log line says so.
+/// Serves on the library's threads until it is destroyed, which must not happen in a handler. A
+/// process whose bytes are no frames, or that lets more than 256 frames or 8 MiB wait, loses its
+/// connection; one log line says so.
 class UTIL_API Broker {
  public:
   /// Serves at this socket, which only the user of this process may use. The file that a dead

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <asio/executor_work_guard.hpp>
 #include <asio/io_context.hpp>
-#include <asio/post.hpp>
 #include <asio/steady_timer.hpp>
 #include <atomic>
 #include <chrono>
@@ -11,7 +10,6 @@
 #include <memory>
 #include <mutex>
 #include <set>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -51,19 +49,18 @@ class Connection final : public Uplink {
       Log("no broker is reached at " + socket);
       RetryLater();
     }
-    thread = std::thread([this] { context.run(); });
+    Deliveries().Serve(context);
     return reached;
   }
 
   void Stop() {
     if (const auto open = OpenChannel()) open->Flush();
-    asio::post(context, [this] {
-      stopping = true;
-      retry.cancel();
-      work.reset();
-      if (const auto open = OpenChannel()) open->End({});
-    });
-    thread.join();
+    Deliveries().StopServing();
+    stopping = true;
+    retry.cancel();
+    work.reset();
+    if (const auto open = OpenChannel()) open->End({});
+    context.run();  // until nothing is left
   }
 
   bool IsConnected() { return OpenChannel() != nullptr; }
@@ -157,9 +154,8 @@ class Connection final : public Uplink {
   const asio::local::stream_protocol::endpoint endpoint;
   asio::io_context context{1};
   asio::executor_work_guard<asio::io_context::executor_type> work{context.get_executor()};
-  std::thread thread;
 
-  // Context's thread; before it starts, that of Start.
+  // Of whoever runs the context; before that, and after, of Start and Stop.
   asio::steady_timer retry;
   std::chrono::milliseconds interval = kFirstInterval;
   Clock::time_point connectedAt;

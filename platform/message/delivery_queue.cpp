@@ -1,5 +1,7 @@
 #include "platform/message/delivery_queue.h"
 
+#include <asio/post.hpp>
+#include <chrono>
 #include <exception>
 #include <string>
 #include <utility>
@@ -9,6 +11,9 @@
 
 namespace message {
 namespace {
+
+constexpr std::chrono::milliseconds kReliefTick(2);
+constexpr std::chrono::milliseconds kReliefTurn(10);
 
 void LogThrown(const tagIPC_MESSAGE_ITEM& item, const std::string& what) {
   COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.message"),
@@ -73,14 +78,34 @@ void DeliveryQueue::PostReceived(const tagIPC_MESSAGE_ITEM& item) {
 }
 
 void DeliveryQueue::Add(Posted message) {
-  if (deliveryThread == std::thread::id()) {
-    std::thread thread([this] { DeliverForever(); });
-    deliveryThread = thread.get_id();
-    thread.detach();
-  }
+  StartThread();
   messages.push_back(std::move(message));
   ++postedCount;
+  if (!deliveryInContext) return filled.notify_one();
+  if (calledOut || std::this_thread::get_id() == deliveryThread) return;
+  calledOut = true;
+  asio::post(*served, [] {});
+}
+
+void DeliveryQueue::StartThread() {
+  if (deliveryThread != std::thread::id()) return;
+  std::thread thread([this] { DeliverForever(); });
+  deliveryThread = thread.get_id();
+  thread.detach();
+}
+
+void DeliveryQueue::Serve(asio::io_context& context) {
+  const std::lock_guard lock(mutex);
+  served = &context;
+  StartThread();
+  if (!std::exchange(reliefStarted, true)) std::thread([this] { RelieveForever(); }).detach();
   filled.notify_one();
+}
+
+void DeliveryQueue::StopServing() {
+  Lock lock(mutex);
+  asio::post(*std::exchange(served, nullptr), [] {});
+  contextFree.wait(lock, [this] { return !contextTaken; });
 }
 
 void DeliveryQueue::WaitUntilDelivered() {
@@ -90,19 +115,80 @@ void DeliveryQueue::WaitUntilDelivered() {
 }
 
 void DeliveryQueue::DeliverForever() {
-  std::unique_lock lock(mutex);
+  Lock lock(mutex);
   for (;;) {
-    filled.wait(lock, [this] { return !messages.empty(); });
-    {
-      const Posted message = std::move(messages.front());
-      messages.pop_front();
-      lock.unlock();
-      Deliver(message);
+    if (!messages.empty()) {
+      DeliverFirst(lock);
+    } else if (CanRunContext()) {
+      RunContextOnce(lock);
+    } else {
+      idle = true;
+      filled.wait(lock, [this] { return !messages.empty() || CanRunContext(); });
+      idle = false;
     }
-    lock.lock();
-    ++deliveredCount;
-    delivered.notify_all();
   }
+}
+
+void DeliveryQueue::DeliverFirst(Lock& lock) {
+  {
+    const Posted message = std::move(messages.front());
+    messages.pop_front();
+    delivering = true;
+    if (std::exchange(reliefAsleep, false)) relief.notify_one();
+    lock.unlock();
+    Deliver(message);
+  }
+  lock.lock();
+  delivering = false;
+  ++deliveredCount;
+  delivered.notify_all();
+}
+
+void DeliveryQueue::RunContextOnce(Lock& lock) {
+  asio::io_context& context = *served;
+  contextTaken = true;
+  deliveryInContext = true;
+  lock.unlock();
+  context.run_one();
+  lock.lock();
+  deliveryInContext = false;
+  calledOut = false;
+  ReleaseContext();
+}
+
+// Looks now and then whether the context waits for the delivery thread, and sleeps while nothing is
+// delivered: so a delivery hardly ever costs a call to this thread.
+void DeliveryQueue::RelieveForever() {
+  Lock lock(mutex);
+  for (;;) {
+    const std::uint64_t turns = contextTurns;
+    const std::uint64_t count = deliveredCount;
+    relief.wait_for(lock, kReliefTick);
+    if (delivering && CanRunContext() && contextTurns == turns) {
+      RunContextWhileBusy(lock);
+    } else if (!delivering && deliveredCount == count) {
+      reliefAsleep = true;
+      relief.wait(lock, [this] { return !reliefAsleep; });
+    }
+  }
+}
+
+void DeliveryQueue::RunContextWhileBusy(Lock& lock) {
+  contextTaken = true;
+  while (served != nullptr && !idle) {
+    asio::io_context& context = *served;
+    lock.unlock();
+    context.run_one_for(kReliefTurn);
+    lock.lock();
+  }
+  ReleaseContext();
+  filled.notify_one();
+}
+
+void DeliveryQueue::ReleaseContext() {
+  contextTaken = false;
+  ++contextTurns;
+  contextFree.notify_all();
 }
 
 DeliveryQueue& Deliveries() {

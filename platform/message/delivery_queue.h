@@ -1,5 +1,6 @@
 #pragma once
 
+#include <asio/io_context.hpp>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -23,6 +24,10 @@ struct Posted {
 std::uint32_t SourceOf(const tagIPC_MESSAGE_ITEM& item, const Client& sender);
 
 /// Messages on their way, and the thread that hands them to the clients' handlers one at a time.
+///
+/// That thread also runs the context of the process's sockets while it has nothing to deliver: a
+/// message from another process reaches its handler without a change of threads. While handlers
+/// keep it busy, a second thread runs the context instead.
 class DeliveryQueue {
  public:
   /// Posts a message of this process, its source filled in if the sender left it open.
@@ -33,9 +38,24 @@ class DeliveryQueue {
 
   void WaitUntilDelivered();
 
+  /// Runs the context, which always has work, from now on. One context at a time.
+  void Serve(asio::io_context& context);
+
+  /// Returns when no thread runs the context any more.
+  void StopServing();
+
  private:
+  using Lock = std::unique_lock<std::mutex>;
+
   void Add(Posted message);
+  void StartThread();
   void DeliverForever();
+  void DeliverFirst(Lock& lock);
+  bool CanRunContext() const { return served != nullptr && !contextTaken; }
+  void RunContextOnce(Lock& lock);
+  void RelieveForever();
+  void RunContextWhileBusy(Lock& lock);
+  void ReleaseContext();
 
   std::mutex mutex;
   std::condition_variable filled;
@@ -44,6 +64,19 @@ class DeliveryQueue {
   std::uint64_t postedCount = 0;
   std::uint64_t deliveredCount = 0;
   std::thread::id deliveryThread;  // nobody's before the first post
+  bool delivering = false;         // a handler runs
+  bool idle = false;               // the delivery thread has neither messages nor the context
+
+  asio::io_context* served = nullptr;
+  bool contextTaken = false;       // some thread runs it
+  bool deliveryInContext = false;  // the delivery thread does, and has to be called out for a post
+  bool calledOut = false;
+  std::uint64_t contextTurns = 0;
+  std::condition_variable contextFree;
+
+  std::condition_variable relief;
+  bool reliefStarted = false;
+  bool reliefAsleep = false;
 };
 
 /// The queue of this process, never destroyed.

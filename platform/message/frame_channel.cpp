@@ -74,7 +74,7 @@ void FrameChannel::SendWhenPossible() {
   });
 }
 
-// The read under way then ends and closes the channel on the context's thread.
+// The read under way then ends and closes the channel.
 void FrameChannel::Shut(const std::string& reason) {
   if (shut) return;
   shut = true;

@@ -21,7 +21,7 @@ using SharedBytes = std::shared_ptr<const std::vector<std::uint8_t>>;
 /// One connected socket that frames go through, both ways.
 ///
 /// What does not fit into the socket waits in a bounded queue. Reading, and writing what has
-/// waited, is done by the thread of the socket's context; its two callbacks come from there.
+/// waited, is done by whoever runs the socket's context; the two callbacks come from there.
 class FrameChannel : public std::enable_shared_from_this<FrameChannel> {
  public:
   /// May throw FrameError, which ends the channel.
@@ -32,7 +32,7 @@ class FrameChannel : public std::enable_shared_from_this<FrameChannel> {
 
   enum class WhenFull {
     End,  // the other side reads too slowly: ends the channel
-    Wait  // waits up to a second for room, then ends the channel; not on the context's thread
+    Wait  // waits up to a second for room, then ends the channel; not while running the context
   };
 
   explicit FrameChannel(LocalSocket connected);
@@ -42,7 +42,7 @@ class FrameChannel : public std::enable_shared_from_this<FrameChannel> {
   /// Any thread. Frames of one thread keep their order. After the end nothing is sent.
   void Send(const SharedBytes& frame, WhenFull whenFull);
 
-  /// Waits up to a second until nothing waits to be sent. Not on the context's thread.
+  /// Waits up to a second until nothing waits to be sent. Not while running the context.
   void Flush();
 
   /// Any thread. Only the first reason counts.

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <deque>
+#include <future>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -236,6 +237,29 @@ TEST_F(BrokerTest, ServesAHundredProcessesAndKeepsTheOrderOfEach) {
     EXPECT_EQ(got[kOwn], inOrder);
     EXPECT_EQ(got[(i + kPeers - 1) % kPeers], inOrder);
   }
+}
+
+TEST_F(BrokerTest, RelaysWhileAHandlerOfItsOwnProcessTakesItsTime) {
+  message::Broker broker(socket);
+  Listener listener(kOwn);
+  RawPeer first(socket, {1});
+  RawPeer second(socket, {2});
+  Settle(second, listener);
+  std::promise<void> entered;
+  std::promise<void> left;
+  CIPCMessageClient busy(kOther, false);
+  busy.RegisterMessageCallbackAll([&](const tagIPC_MESSAGE_ITEM&) {
+    entered.set_value();
+    left.get_future().wait();
+  });
+  first.Post(kOther, 1, 5);
+  entered.get_future().wait();
+  first.Post(2, 1, 6);
+  EXPECT_EQ(second.Read()->messageId, 6u);
+  listener.Post(2, 7);
+  EXPECT_EQ(second.Read()->messageId, 7u);
+  left.set_value();
+  Settle(first, listener);
 }
 
 TEST_F(BrokerTest, ReplacesADeadBrokersSocketButNotALivingOnes) {
