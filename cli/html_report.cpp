@@ -218,7 +218,9 @@ class HtmlReportWriter {
     }
     page.Html("<tr><td>").Text(item.caption).Html("</td><td>");
     Badge(BadgeOf(item.state));
-    page.Html("</td><td>").Text(item.hint).Html("</td><td class=\"code\">");
+    page.Html("</td><td>");
+    if (item.state == ItemState::Abnormal) page.Text(item.hint);
+    page.Html("</td><td class=\"code\">");
     if (item.state != ItemState::NotTested) page.Number(item.code);
     page.Html("</td></tr>\n");
   }

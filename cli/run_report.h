@@ -21,7 +21,7 @@ enum class ItemState {
 struct ReportItem {
   ItemState state = ItemState::NotTested;
   std::wstring caption;
-  std::wstring hint;
+  std::wstring hint;  // what to do if it is abnormal; a normal item may have one too
   std::int32_t code = 0;
 };
 

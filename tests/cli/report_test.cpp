@@ -182,7 +182,7 @@ TEST(ReportTest, ThePictureShowsADayForEachOfTheLastNinetyWithARun) {
   const Program program;
   os::SetDataFolder(program.Path("data"));
   const std::int64_t now = os::CurrentClock().SecondsSinceEpoch();
-  for (const int daysBack : {40, 41, 95})
+  for (const std::int64_t daysBack : {40, 41, 95})
     DataManager::Instance().Put(kHistoryTable, HistoryRow(now - daysBack * 86400));
   const std::string file = program.Path("report.html");
   program.RunOn(kFiles + "failing.json", {"run", "--report", file});

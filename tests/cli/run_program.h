@@ -13,9 +13,9 @@
 class Program {
  public:
   os::ProcessResult Run(std::vector<std::string> arguments) const {
-    std::vector<std::string> command{
-        APP_DIR "/sysdiagnose", "--lang",        "en-US",     "--data-dir",
-        Path("data"),           "--system-root", Path("root")};
+    static const std::string program = std::string(APP_DIR) + "/sysdiagnose";
+    std::vector<std::string> command{program,      "--lang",        "en-US",     "--data-dir",
+                                     Path("data"), "--system-root", Path("root")};
     command.insert(command.end(), arguments.begin(), arguments.end());
     return os::RunProcess(command, std::chrono::minutes(5)).value_or(os::ProcessResult{-1, {}});
   }
