@@ -35,7 +35,7 @@ std::string UnbalancedTag(const std::string& html) {
     if (!isEnd) {
       open.push_back(name);
     } else {
-      if (open.empty() || open.back() != name) return tag;
+      if (open.empty() || open.back() != name) return "/" + name;
       open.pop_back();
     }
   }
