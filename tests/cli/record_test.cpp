@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include <iterator>
-#include <regex>
+#include <cctype>
+#include <sstream>
 
 #include "tests/cli/run_program.h"
 
@@ -20,9 +20,11 @@ std::vector<std::string> Behaviour(const Program& program, const std::string& ma
     if (!machineFile.empty()) arguments.insert(arguments.begin(), {"--machine", machineFile});
     const os::ProcessResult result = program.Run(arguments);
     lines.push_back("status " + std::to_string(result.exitStatus));
-    std::istringstream output(
-        std::regex_replace(result.output, std::regex(R"(,"[0-9.]{10}","[0-9.]{19}",\d+\])"), "]"));
-    for (std::string line; std::getline(output, line);) lines.push_back(line);
+    std::istringstream output(result.output);
+    for (std::string line; std::getline(output, line);) {
+      const auto cells = line.find("\"cells\"");
+      lines.push_back(cells == std::string::npos ? line : line.substr(0, line.find(",\"", cells)));
+    }
   }
   return lines;
 }
@@ -102,7 +104,8 @@ TEST(RecordTest, FaultsAndTheAnswersOfEachDiskAreRecorded) {
       "CBiometricDetect::CheckFunction": {"code": -4, "pass": true}}})");
   const std::string recording = program.Path("recording.json");
   ASSERT_EQ(program.RunOn(machine, {"record", recording, "--tests"}).exitStatus, 0);
-  const std::string json = std::regex_replace(ReadText(recording), std::regex(R"(\s+)"), "");
+  std::string json = ReadText(recording);
+  std::erase_if(json, [](unsigned char c) { return std::isspace(c) != 0; });
   EXPECT_THAT(json,
               HasSubstr(R"("CDiskFaultDetect::CheckSsdSmartResult":[1,{"code":0,"flags":[0,7]}])"));
   EXPECT_THAT(json, HasSubstr(R"("CBatteryDetect::TestLoss":{"throws":"libraryfault"})"));

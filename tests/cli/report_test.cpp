@@ -1,7 +1,8 @@
 #include <gmock/gmock.h>
 #include <rapidjson/document.h>
 
-#include <regex>
+#include <random>
+#include <sstream>
 
 #include "platform/os/clock.h"
 #include "platform/os/paths.h"
@@ -26,11 +27,12 @@ rapidjson::Document Json(const std::string& text) {
 // The first tag that is not closed by its own end, or nothing.
 std::string UnbalancedTag(const std::string& html) {
   std::vector<std::string> open;
-  const std::regex tag(R"(<(/?)([a-z][a-z0-9]*)[^<>]*?(/?)>)");
-  for (std::sregex_iterator it(html.begin(), html.end(), tag), end; it != end; ++it) {
-    const std::string name = (*it)[2];
-    if (name == "meta" || (*it)[3].length() > 0) continue;
-    if ((*it)[1].length() == 0) {
+  for (auto at = html.find('<'); at != std::string::npos; at = html.find('<', at + 1)) {
+    const std::string tag = html.substr(at + 1, html.find('>', at) - at - 1);
+    const bool isEnd = tag.starts_with('/');
+    const std::string name = tag.substr(isEnd ? 1 : 0, tag.find(' ') - (isEnd ? 1 : 0));
+    if (name == "meta" || name == "!DOCTYPE" || tag.ends_with('/')) continue;
+    if (!isEnd) {
       open.push_back(name);
     } else {
       if (open.empty() || open.back() != name) return "/" + name;
