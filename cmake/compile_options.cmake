@@ -16,5 +16,9 @@ if(SYSDIAGNOSE_SANITIZE STREQUAL "thread")
   add_compile_definitions(ASIO_DISABLE_FENCED_BLOCK)
 endif()
 
+# For every target that includes Asio. Whether Asio sees std::aligned_alloc hangs on what was included
+# before it, and all files of a program have to agree.
+set(ASIO_DEFINITIONS ASIO_STANDALONE ASIO_NO_DEPRECATED ASIO_DISABLE_STD_ALIGNED_ALLOC)
+
 # The build tree holds one folder laid out as an installation.
 set(APP_DIR ${CMAKE_BINARY_DIR}/app)
