@@ -44,6 +44,19 @@ class CompanionServiceTest : public testing::Test {
     return RunProgram(arguments);
   }
 
+  // The terminal program with its folder, to be killed.
+  std::vector<std::string> LogsCommand(const std::string& option) const {
+    return {APP_DIR "/sysdiagnose",
+            "--machine",
+            machine.string(),
+            "--data-dir",
+            data.string(),
+            "logs",
+            "--socket",
+            socket.string(),
+            option};
+  }
+
   std::unique_ptr<os::ChildProcess> StartService() const {
     return std::make_unique<os::ChildProcess>(
         std::vector<std::string>{APP_DIR "/companion-service", "--machine", machine.string(),
@@ -124,9 +137,9 @@ TEST_F(CompanionServiceTest, MayBeKilledAtAnyMomentAndStartedAgain) {
   const message::Broker broker(socket);
   CIPCMessageClient client(0x390000, false);
   std::minstd_rand random(3);
-  for (int i = 0; i < 30; ++i) {
+  for (int i = 0; i < 100; ++i) {
     const auto service = StartService();
-    const auto killed = std::chrono::steady_clock::now() + 1ms * (random() % 60);
+    const auto killed = std::chrono::steady_clock::now() + 1ms * (random() % 40);
     while (std::chrono::steady_clock::now() < killed) {
       for (const std::uint32_t id : {0x3B0001u, 0x3B0002u, 0x3B0003u}) {
         tagIPC_MESSAGE_ITEM item;
@@ -142,6 +155,21 @@ TEST_F(CompanionServiceTest, MayBeKilledAtAnyMomentAndStartedAgain) {
   EXPECT_EQ(after.exitStatus, 0) << after.errors;
   EXPECT_THAT(after.output, HasSubstr(".tar.gz"));
   EXPECT_FALSE(fs::exists(data / "outbox/.packing"));
+}
+
+TEST_F(CompanionServiceTest, ServesOnWhenTheTerminalProgramIsKilledAtAnyMoment) {
+  WriteLogs();
+  const message::Broker broker(socket);
+  const auto service = StartService();
+  ASSERT_EQ(Logs().exitStatus, 0);
+  std::minstd_rand random(4);
+  for (int i = 0; i < 100; ++i) {
+    os::ChildProcess logs(LogsCommand(i % 2 == 0 ? "--upload" : "--json"));
+    std::this_thread::sleep_for(1ms * (random() % 40));
+    logs.Kill();
+  }
+  EXPECT_FALSE(service->EndsWithin(0s));
+  EXPECT_THAT(Logs({"--upload"}).output, HasSubstr(".tar.gz"));
 }
 
 }  // namespace
