@@ -72,10 +72,7 @@ void AddRecordOptions(CLI::App& record, Arguments& arguments) {
   AddPlainOption(record, arguments);
 }
 
-}  // namespace
-
-bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
-  CLI::App app("Diagnoses the hardware of this machine.", "sysdiagnose");
+void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
   app.set_version_flag("--version", SYSDIAGNOSE_VERSION);
   app.add_option("--machine", arguments.machineFile,
                  "Diagnose the machine that FILE describes instead of this one")
@@ -96,8 +93,9 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
                "Write every message that is posted to messages.jsonl in the data folder");
   app.require_subcommand(1);
   app.fallthrough();
+}
 
-  std::vector<std::string> categories;
+void AddCommands(CLI::App& app, Arguments& arguments, std::vector<std::string>& categories) {
   const auto command = [&](const char* name, const char* description, Command chosen) {
     CLI::App* sub = app.add_subcommand(name, description);
     sub->callback([&arguments, chosen] { arguments.command = chosen; });
@@ -122,7 +120,7 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   command("history", "Latest run of each day, newest first", Command::History)
       ->add_option("--count", arguments.historyCount, "Number of days at most")
       ->type_name("N")
-      ->check(CLI::Range(1, 90))
+      ->check(CLI::Range(1, 100000))
       ->capture_default_str();
   AddRecordOptions(*command("record", "Write this machine down as a machine file", Command::Record),
                    arguments);
@@ -132,7 +130,15 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   AddLogsOptions(*command("logs", "Log files that can be uploaded, asked of the companion service",
                           Command::Logs),
                  arguments);
+}
 
+}  // namespace
+
+bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
+  CLI::App app("Diagnoses the hardware of this machine.", "sysdiagnose");
+  std::vector<std::string> categories;
+  AddGlobalOptions(app, arguments);
+  AddCommands(app, arguments, categories);
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& help) {

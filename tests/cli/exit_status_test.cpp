@@ -58,7 +58,7 @@ TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
        "processor, memory, disk, graphics, display, battery, keyboard, fingerprint"},
       {"{}",
        {"history", "--count", "0"},
-       "--count: Value 0 not in range 1 to 90; see sysdiagnose --help"},
+       "--count: Value 0 not in range 1 to 100000; see sysdiagnose --help"},
       {"{}", {"--machine", file + "\n", "list"}, file + "?: does not exist"},
       {"{}",
        {"--machine", folder.path, "list"},
