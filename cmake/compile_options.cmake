@@ -3,6 +3,13 @@
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
 include_directories(${CMAKE_SOURCE_DIR})
 
+# Code for one operating system lies in folders of this name.
+if(WIN32)
+  set(SYSTEM_FOLDER windows)
+else()
+  set(SYSTEM_FOLDER linux)
+endif()
+
 # Log lines name source files by their place in the project.
 add_compile_options(-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
 
