@@ -42,11 +42,11 @@ class Channel {
 };
 
 std::unique_ptr<os::ChildProcess> StartService(const Arguments& arguments, const fs::path& socket) {
-  std::vector<std::string> command = {(os::ExecutableFolder() / "companion-service").string(),
-                                      "--data-dir", os::DataFolder().string(), "--socket",
-                                      fs::absolute(socket).string()};
+  std::vector<std::string> command = {os::PathText(os::ExecutableFolder() / "companion-service"),
+                                      "--data-dir", os::PathText(os::DataFolder()), "--socket",
+                                      os::PathText(fs::absolute(socket))};
   if (!arguments.machineFile.empty())
-    command.insert(command.end(), {"--machine", fs::absolute(arguments.machineFile).string()});
+    command.insert(command.end(), {"--machine", os::PathText(fs::absolute(arguments.machineFile))});
   return std::make_unique<os::ChildProcess>(command);
 }
 
