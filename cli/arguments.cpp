@@ -59,6 +59,8 @@ void AddSocketOption(CLI::App& command, Arguments& arguments) {
 
 void AddLogsOptions(CLI::App& command, Arguments& arguments) {
   command.add_flag("--upload", arguments.upload, "Pack them into the outbox of the data folder");
+  command.add_flag("--show", arguments.showArchive, "Then show the archive in its folder")
+      ->needs("--upload");
   AddSocketOption(command, arguments);
 }
 

@@ -16,6 +16,7 @@
 #include "platform/os/clock.h"
 #include "platform/os/path_text.h"
 #include "platform/os/paths.h"
+#include "platform/os/reveal.h"
 
 namespace cli {
 namespace {
@@ -89,6 +90,8 @@ int Upload(const Arguments& arguments, LogTalk& talk) {
     JsonLine("archive").Add("file", os::PathText(archive));
   else
     std::printf("Packed for upload: %s\n", os::PathText(archive).c_str());
+  if (arguments.showArchive && !os::RevealInFolder(archive))
+    throw std::runtime_error(os::PathText(archive) + ": its folder cannot be shown");
   return kAllNormal;
 }
 
