@@ -1,17 +1,11 @@
 #include "cli/language.h"
 
-#include <cstdlib>
-#include <string_view>
+#include "platform/os/user_locale.h"
 
 namespace cli {
 
 std::string UserLanguage() {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* value = std::getenv(name);
-    if (value == nullptr || *value == '\0') continue;
-    return std::string_view(value).starts_with("zh") ? "zh-CN" : "en-US";
-  }
-  return "en-US";
+  return os::UserLocale().starts_with("zh") ? "zh-CN" : "en-US";
 }
 
 }  // namespace cli

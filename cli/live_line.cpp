@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "platform/os/interrupt.h"
+#include "platform/os/console.h"
 
 namespace cli {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "cli/commands.h"
 #include "cli/terminal_text.h"
-#include "platform/os/interrupt.h"
+#include "platform/os/console.h"
 
 namespace cli {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "common/text.h"
-#include "platform/os/interrupt.h"
+#include "platform/os/console.h"
 
 namespace cli {
 namespace {

@@ -6,6 +6,7 @@ include_directories(${CMAKE_SOURCE_DIR})
 # Code for one operating system lies in folders of this name.
 if(WIN32)
   set(SYSTEM_FOLDER windows)
+  add_compile_definitions(WIN32_LEAN_AND_MEAN)
 else()
   set(SYSTEM_FOLDER linux)
 endif()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,7 +32,8 @@ class UTIL_API ChildProcess {
   bool EndsWithin(std::chrono::milliseconds limit);
 
  private:
-  int process = -1;  // -1 once its end is known
+  struct System;
+  std::unique_ptr<System> system;
 };
 
 }  // namespace os

@@ -9,10 +9,4 @@ namespace os {
 /// program's main.
 UTIL_API void OnInterrupt(void (*handler)(), int exitStatus);
 
-/// Whether standard output is a terminal that a person watches.
-UTIL_API bool OutputIsTerminal();
-
-/// Whether standard input is a terminal, where a person can answer.
-UTIL_API bool InputIsTerminal();
-
 }  // namespace os

@@ -18,11 +18,11 @@ using ModuleHandle = void*;
 UTIL_API ModuleHandle FindLoadedModule(const char* name);
 
 /// Loads a library that lies beside the platform libraries, or the one at an absolute path; null
-/// when it cannot be loaded. Each success is to be balanced by FreeModule.
+/// when it cannot be loaded. Each success is to be balanced by ReleaseModule.
 UTIL_API ModuleHandle LoadModule(const std::filesystem::path& name);
 
 /// Gives back one LoadModule. Null is ignored.
-UTIL_API void FreeModule(ModuleHandle module);
+UTIL_API void ReleaseModule(ModuleHandle module);
 
 /// The exported procedure of that name, or null. A null module has no procedures.
 UTIL_API void* FindProcedure(ModuleHandle module, const char* name);

@@ -22,7 +22,7 @@ class UTIL_API ModulePin {
   }
   ModulePin(const ModulePin&) = delete;
   ModulePin& operator=(const ModulePin&) = delete;
-  ~ModulePin() { FreeModule(module); }
+  ~ModulePin() { ReleaseModule(module); }
 
   /// Pins the module that holds this address; the caller runs in it, so it is loaded.
   static ModulePin OfAddress(const void* address);

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace os {
 
@@ -9,6 +10,11 @@ namespace os {
 inline std::string PathText(const std::filesystem::path& path) {
   const std::u8string text = path.u8string();
   return {text.begin(), text.end()};
+}
+
+/// The path that UTF-8 text names.
+inline std::filesystem::path TextPath(std::string_view text) {
+  return std::u8string(text.begin(), text.end());
 }
 
 }  // namespace os

@@ -25,7 +25,7 @@ UTIL_API std::filesystem::path InstallationFolder();
 UTIL_API std::filesystem::path DataFolder();
 UTIL_API void SetDataFolder(std::filesystem::path folder);
 
-/// A system path (/proc/..., /sys/...) below the system root, which is "/" unless set.
+/// A system path (/proc/..., /sys/...) below the system root: "/", or "c:\" on Windows, unless set.
 UTIL_API std::filesystem::path SystemPath(const std::filesystem::path& absolute);
 UTIL_API void SetSystemRoot(std::filesystem::path folder);
 

@@ -92,7 +92,7 @@ bool ORV_STDCALL x3UnloadPlugin(const char* path) {
     module = found->module;
     manager.loaded.erase(found);
   }
-  os::FreeModule(module);
+  os::ReleaseModule(module);
   return true;
 }
 

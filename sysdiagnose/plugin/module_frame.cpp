@@ -66,7 +66,7 @@ bool ModuleFrame::Free() {
     if (unregister != nullptr) unregister(create);
   }
   if (managerLoadedHere) {
-    os::FreeModule(managerModule);
+    os::ReleaseModule(managerModule);
     managerLoadedHere = false;
   }
   singletons.Destroy();

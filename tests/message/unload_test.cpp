@@ -10,7 +10,7 @@ constexpr const char* kModule = HANDLER_MODULE;
 os::ModuleHandle module = nullptr;
 
 void UnloadModule() {
-  os::FreeModule(std::exchange(module, nullptr));
+  os::ReleaseModule(std::exchange(module, nullptr));
 }
 
 template <typename Function>

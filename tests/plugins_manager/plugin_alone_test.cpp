@@ -23,7 +23,7 @@ TEST(PluginAlone, BringsTheManagerAndSignsOnAndOffWithIt) {
     EXPECT_EQ(object->PluginKey(), L"PluginSysdiagnose");
     EXPECT_EQ(object->Release(), 0);
 
-    os::FreeModule(plugin);
+    os::ReleaseModule(plugin);
     EXPECT_EQ(os::FindLoadedModule(PLUGIN), nullptr);
     EXPECT_EQ(manager.counts(kClassId).unregistered, round);
     EXPECT_EQ(manager.Create<IQVXUIPlugin>(kClassId), nullptr);
@@ -34,7 +34,7 @@ TEST(PluginAlone, TheHandleOfAnAddressIsTheLoadersOwn) {
   const os::ModuleHandle plugin = os::LoadModule(PLUGIN);
   ASSERT_NE(plugin, nullptr);
   EXPECT_EQ(os::ModuleOfAddress(os::FindProcedure(plugin, "x3InitPlugin")), plugin);
-  os::FreeModule(plugin);
+  os::ReleaseModule(plugin);
 }
 
 }  // namespace

@@ -44,12 +44,17 @@ class Settings {
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::string>& arguments) {
+struct ChildProcess::System {
+  pid_t process = -1;  // -1 once its end is known
+};
+
+ChildProcess::ChildProcess(const std::vector<std::string>& arguments)
+    : system(std::make_unique<System>()) {
   std::vector<char*> argv;
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
   const Settings settings;
-  const int error = posix_spawnp(&process, arguments.at(0).c_str(), &settings.actions,
+  const int error = posix_spawnp(&system->process, arguments.at(0).c_str(), &settings.actions,
                                  &settings.attributes, argv.data(), environ);
   if (error == 0) return;
   throw std::runtime_error(arguments[0] +
@@ -62,10 +67,11 @@ ChildProcess::~ChildProcess() {
 }
 
 void ChildProcess::AskToEnd() {
-  if (process > 0) kill(process, SIGTERM);
+  if (system->process > 0) kill(system->process, SIGTERM);
 }
 
 void ChildProcess::Kill() {
+  pid_t& process = system->process;
   if (process < 0) return;
   kill(process, SIGKILL);
   while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
@@ -74,6 +80,7 @@ void ChildProcess::Kill() {
 }
 
 bool ChildProcess::EndsWithin(std::chrono::milliseconds limit) {
+  pid_t& process = system->process;
   const auto deadline = std::chrono::steady_clock::now() + limit;
   while (process > 0) {
     const pid_t ended = waitpid(process, nullptr, WNOHANG);

@@ -1,10 +1,9 @@
 #include "platform/os/interrupt.h"
 
-#include <unistd.h>
-
 #include <atomic>
 #include <csignal>
-#include <cstdlib>
+
+#include "platform/os/process_end.h"
 
 namespace os {
 namespace {
@@ -16,7 +15,7 @@ void Interrupted(int) {
   if (void (*handler)() = firstInterrupt.exchange(nullptr); handler != nullptr)
     handler();
   else
-    std::_Exit(secondExitStatus);
+    EndProcess(secondExitStatus);
 }
 
 }  // namespace
@@ -29,14 +28,6 @@ void OnInterrupt(void (*handler)(), int exitStatus) {
   action.sa_flags = SA_RESTART;
   sigaction(SIGINT, &action, nullptr);
   sigaction(SIGTERM, &action, nullptr);
-}
-
-bool OutputIsTerminal() {
-  return isatty(STDOUT_FILENO) == 1;
-}
-
-bool InputIsTerminal() {
-  return isatty(STDIN_FILENO) == 1;
 }
 
 }  // namespace os

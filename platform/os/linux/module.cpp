@@ -42,7 +42,7 @@ ModuleHandle LoadModule(const std::filesystem::path& name) {
   return dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
 }
 
-void FreeModule(ModuleHandle module) {
+void ReleaseModule(ModuleHandle module) {
   if (module != nullptr) dlclose(module);
 }
 

@@ -1,9 +1,10 @@
 #include "platform/os/paths.h"
 
-#include <cstdlib>
 #include <string>
 
 #include "platform/os/module.h"
+#include "platform/os/path_text.h"
+#include "platform/os/system_paths.h"
 
 namespace os {
 namespace {
@@ -16,7 +17,7 @@ constexpr std::size_t kPathBuffer = 260;
 struct Folders {
   fs::path configuration;
   fs::path data;
-  fs::path systemRoot = "/";
+  fs::path systemRoot = SystemRoot();
 };
 
 Folders& Set() {
@@ -24,29 +25,16 @@ Folders& Set() {
   return folders;
 }
 
-fs::path ExecutableFile() {
-  std::error_code error;
-  return fs::read_symlink("/proc/self/exe", error);
-}
-
 // The file of the utility library; that of the program when the library is linked into it.
 fs::path LibraryFile() {
   const std::string file =
       ModuleFileOfAddress(reinterpret_cast<const void*>(&os::InstallationFolder));
-  return file.empty() ? ExecutableFile() : fs::absolute(file);
+  return file.empty() ? ExecutableFile() : fs::absolute(TextPath(file));
 }
 
 fs::path ConfigurationRoot(const fs::path& module) {
   if (!Set().configuration.empty()) return Set().configuration;
-  return module.string().size() < kPathBuffer ? module.parent_path() : fs::path();
-}
-
-fs::path UserDataFolder() {
-  const char* data = std::getenv("XDG_DATA_HOME");
-  if (data != nullptr && *data == '/') return fs::path(data) / "sysdiagnose";
-  const char* home = std::getenv("HOME");
-  const fs::path user = home != nullptr && *home != '\0' ? home : fs::temp_directory_path();
-  return user / ".local/share/sysdiagnose";
+  return module.native().size() < kPathBuffer ? module.parent_path() : fs::path();
 }
 
 }  // namespace
@@ -92,7 +80,7 @@ void SetSystemRoot(fs::path folder) {
 }
 
 fs::path OemVersionFile() {
-  return SystemPath("/recovery/OEM/version.txt");
+  return SystemPath("/recovery/OEM/version.txt").make_preferred();
 }
 
 }  // namespace os

@@ -1,0 +1,50 @@
+#include "platform/os/interrupt.h"
+
+#include <atomic>
+
+#include "platform/os/process_end.h"
+#include "platform/os/windows/end_request.h"
+
+namespace os {
+namespace {
+
+std::atomic<void (*)()> firstInterrupt = nullptr;
+std::atomic<int> secondExitStatus = 1;
+
+void Interrupted() {
+  if (void (*handler)() = firstInterrupt.exchange(nullptr); handler != nullptr)
+    handler();
+  else
+    EndProcess(secondExitStatus);
+}
+
+// Runs on a thread of its own.
+BOOL WINAPI OnConsoleEvent(DWORD event) {
+  Interrupted();
+  // The system ends the process as soon as this returns for any other event.
+  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
+  return TRUE;
+}
+
+void CALLBACK OnEndRequest(void*, BOOLEAN) {
+  Interrupted();
+}
+
+void ListenOnce() {
+  SetConsoleCtrlHandler(&OnConsoleEvent, TRUE);
+  static Handle& request = *new Handle(ListenForEndRequests());
+  HANDLE registration = nullptr;
+  RegisterWaitForSingleObject(&registration, request.Get(), &OnEndRequest, nullptr, INFINITE,
+                              WT_EXECUTEDEFAULT);
+}
+
+}  // namespace
+
+void OnInterrupt(void (*handler)(), int exitStatus) {
+  firstInterrupt = handler;
+  secondExitStatus = exitStatus;
+  static const bool listening = (ListenOnce(), true);
+  (void)listening;
+}
+
+}  // namespace os
