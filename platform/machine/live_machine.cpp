@@ -1,7 +1,6 @@
 #include "platform/machine/live_machine.h"
 
 #include <array>
-#include <chrono>
 #include <optional>
 #include <span>
 
@@ -14,12 +13,11 @@
 #include "platform/machine/processor_info.h"
 #include "platform/machine/processor_tests/processor_tests.h"
 #include "platform/machine/smart_report.h"
-#include "platform/os/process.h"
+#include "platform/machine/smart_tool.h"
 
 namespace machine {
 namespace {
 
-constexpr std::chrono::seconds kSmartLimit{10};
 constexpr std::uint32_t kNoMemory = 2;
 
 log4cxx::LoggerPtr& Logger() {
@@ -42,11 +40,7 @@ TestAnswer RunMemoryTest(TestCall call, std::span<const Disk>, int) {
 
 TestAnswer RunSmartTest(TestCall call, std::span<const Disk> disks, int disk) {
   if (disk < 0 || static_cast<std::size_t>(disk) >= disks.size()) return UnreadableDisk(call);
-  const std::string& device = disks[static_cast<std::size_t>(disk)].device;
-  // The exit status tells of the disk's health too; the report says it better.
-  const auto result = os::RunProcess({"smartctl", "--json", "-a", device}, kSmartLimit);
-  if (!result) COMMON_LOG_WARN(Logger(), "smartctl gives no report about " + device);
-  return result ? ParseSmartReport(call, result->output) : UnreadableDisk(call);
+  return AskSmartTool(call, disks[static_cast<std::size_t>(disk)].device);
 }
 
 TestAnswer RunFilterKeysTest(TestCall, std::span<const Disk>, int) {
