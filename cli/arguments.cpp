@@ -1,16 +1,17 @@
 #include "cli/arguments.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <iostream>
 
 #include "cli/report_file.h"
+#include "common/path_option.h"
 
 namespace cli {
 namespace {
 
+using common::AddPathOption;
 using orv::sysdiagnose::enmHardwareID;
 
 // By category id.
@@ -46,27 +47,25 @@ void AddPlainOption(CLI::App& command, Arguments& arguments) {
 }
 
 void AddReportOptions(CLI::App& run, Arguments& arguments) {
-  run.add_option("--report", arguments.reportFile,
-                 "Write the run as a page (FILE.html) or as data (FILE.json)")
-      ->type_name("FILE");
+  AddPathOption(run, "--report", arguments.reportFile,
+                "Write the run as a page (FILE.html) or as data (FILE.json)");
   AddPlainOption(run, arguments);
 }
 
 void AddSocketOption(CLI::App& command, Arguments& arguments) {
-  command
-      .add_option("--socket", arguments.socket, "Socket of the broker (default: the user's own)")
-      ->type_name("FILE");
+  AddPathOption(command, "--socket", arguments.socket,
+                "Socket of the broker (default: the user's own)");
 }
 
 void AddLogsOptions(CLI::App& command, Arguments& arguments) {
   command.add_flag("--upload", arguments.upload, "Pack them into the outbox of the data folder");
+  command.add_flag("--show", arguments.showArchive, "Then show the archive in its folder")
+      ->needs("--upload");
   AddSocketOption(command, arguments);
 }
 
 void AddRecordOptions(CLI::App& record, Arguments& arguments) {
-  record.add_option("file", arguments.recordingFile, "Where the machine file goes")
-      ->type_name("FILE")
-      ->required();
+  AddPathOption(record, "file", arguments.recordingFile, "Where the machine file goes")->required();
   record.add_flag("--tests", arguments.withTests, "Record the answers of all tests too");
   record.add_flag("--force", arguments.replaceFile, "Replace the file if it exists");
   AddPlainOption(record, arguments);
@@ -74,18 +73,14 @@ void AddRecordOptions(CLI::App& record, Arguments& arguments) {
 
 void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
   app.set_version_flag("--version", SYSDIAGNOSE_VERSION);
-  app.add_option("--machine", arguments.machineFile,
-                 "Diagnose the machine that FILE describes instead of this one")
-      ->type_name("FILE");
-  app.add_option("--data-dir", arguments.dataFolder,
-                 "Folder for history, events and log (default: the user's data folder)")
-      ->type_name("DIR");
-  app.add_option("--app-dir", arguments.appFolder,
-                 "Installation folder whose config/ is read (default: that of this program)")
-      ->type_name("DIR");
-  app.add_option("--system-root", arguments.systemRoot,
-                 "Read /proc, /sys and the product version file below DIR")
-      ->type_name("DIR");
+  AddPathOption(app, "--machine", arguments.machineFile,
+                "Diagnose the machine that FILE describes instead of this one");
+  AddPathOption(app, "--data-dir", arguments.dataFolder,
+                "Folder for history, events and log (default: the user's data folder)", "DIR");
+  AddPathOption(app, "--app-dir", arguments.appFolder,
+                "Installation folder whose config/ is read (default: that of this program)", "DIR");
+  AddPathOption(app, "--system-root", arguments.systemRoot,
+                "Read /proc, /sys and the product version file below DIR", "DIR");
   app.add_option("--lang", arguments.language, "Language of the texts: en-US, zh-CN, ids")
       ->type_name("LANG");
   app.add_flag("--json", arguments.json, "Print one JSON object per line");

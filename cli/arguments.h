@@ -31,6 +31,7 @@ struct Arguments {
   bool plain = false;            // serial numbers and MAC addresses as they are, not hashed
   std::filesystem::path socket;  // empty: the user's own
   bool upload = false;
+  bool showArchive = false;
 };
 
 /// What the user typed cannot be meant; the text says what is wrong. It quotes what was typed as it

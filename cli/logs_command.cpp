@@ -16,6 +16,7 @@
 #include "platform/os/clock.h"
 #include "platform/os/path_text.h"
 #include "platform/os/paths.h"
+#include "platform/os/reveal.h"
 
 namespace cli {
 namespace {
@@ -42,11 +43,11 @@ class Channel {
 };
 
 std::unique_ptr<os::ChildProcess> StartService(const Arguments& arguments, const fs::path& socket) {
-  std::vector<std::string> command = {(os::ExecutableFolder() / "companion-service").string(),
-                                      "--data-dir", os::DataFolder().string(), "--socket",
-                                      fs::absolute(socket).string()};
+  std::vector<std::string> command = {os::PathText(os::ExecutableFolder() / "companion-service"),
+                                      "--data-dir", os::PathText(os::DataFolder()), "--socket",
+                                      os::PathText(fs::absolute(socket))};
   if (!arguments.machineFile.empty())
-    command.insert(command.end(), {"--machine", fs::absolute(arguments.machineFile).string()});
+    command.insert(command.end(), {"--machine", os::PathText(fs::absolute(arguments.machineFile))});
   return std::make_unique<os::ChildProcess>(command);
 }
 
@@ -89,6 +90,8 @@ int Upload(const Arguments& arguments, LogTalk& talk) {
     JsonLine("archive").Add("file", os::PathText(archive));
   else
     std::printf("Packed for upload: %s\n", os::PathText(archive).c_str());
+  if (arguments.showArchive && !os::RevealInFolder(archive))
+    throw std::runtime_error(os::PathText(archive) + ": its folder cannot be shown");
   return kAllNormal;
 }
 

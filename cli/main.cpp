@@ -11,6 +11,7 @@
 #include "platform/machine/machine.h"
 #include "platform/message/ipc_message_client.h"
 #include "platform/message/message_capture.h"
+#include "platform/os/console.h"
 #include "platform/os/paths.h"
 #include "platform/util/log_file.h"
 
@@ -40,6 +41,7 @@ constexpr int (*kCommands[])(const cli::Arguments&) = {
 }  // namespace
 
 int main(int argc, char** argv) {
+  os::PrepareOutput();
   int status = cli::kWrongUsage;
   try {
     cli::Arguments arguments;

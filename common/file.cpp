@@ -67,8 +67,8 @@ void ReplaceFile(const fs::path& file, std::string_view content) {
 }
 
 std::filesystem::path BackslashPath(std::string_view path) {
-  std::string native(path);
-  std::replace(native.begin(), native.end(), '\\', '/');
+  std::u8string native(path.begin(), path.end());
+  std::replace(native.begin(), native.end(), u8'\\', u8'/');
   return native;
 }
 

@@ -1,19 +1,18 @@
 #include "manager/companion_service/arguments.h"
 
-#include <CLI/CLI.hpp>
+#include "common/path_option.h"
 
 namespace companion {
 
 bool ParseArguments(int argc, const char* const* argv, Arguments& arguments, int& exitStatus) {
   CLI::App app("Offers the logs of the hardware diagnosis for upload.", "companion-service");
-  app.add_option("--data-dir", arguments.dataFolder,
-                 "Folder with the log and the events (default: the user's data folder)")
-      ->type_name("DIR");
-  app.add_option("--machine", arguments.machineFile,
-                 "Hash the identifiers of the machine that FILE describes, not of this one")
-      ->type_name("FILE");
-  app.add_option("--socket", arguments.socket, "Socket of the broker (default: the user's)")
-      ->type_name("FILE");
+  common::AddPathOption(app, "--data-dir", arguments.dataFolder,
+                        "Folder with the log and the events (default: the user's data folder)",
+                        "DIR");
+  common::AddPathOption(app, "--machine", arguments.machineFile,
+                        "Hash the identifiers of the machine that FILE describes, not of this one");
+  common::AddPathOption(app, "--socket", arguments.socket,
+                        "Socket of the broker (default: the user's)");
   try {
     app.parse(argc, argv);
     return true;

@@ -1,7 +1,6 @@
 #include "manager/companion_service/log_files.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <deque>
 #include <fstream>
@@ -9,10 +8,10 @@
 #include <string>
 #include <utility>
 
+#include "manager/companion_service/log_archive.h"
 #include "platform/machine/machine.h"
 #include "platform/os/clock.h"
 #include "platform/os/path_text.h"
-#include "platform/os/process.h"
 
 namespace companion {
 namespace {
@@ -20,7 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kApplicationLogLines = 1000;
-constexpr std::chrono::minutes kPackingLimit(1);
 
 bool HasContent(const fs::path& file) {
   std::error_code error;
@@ -32,23 +30,6 @@ void CloseWhole(std::ofstream& written, const fs::path& file) {
   written.close();
   if (!written) throw std::runtime_error(os::PathText(file) + ": the file cannot be written");
 }
-
-// A folder of copies that goes away again.
-class Staging {
- public:
-  explicit Staging(fs::path made) : folder(std::move(made)) {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-  }
-  Staging(const Staging&) = delete;
-  Staging& operator=(const Staging&) = delete;
-  ~Staging() {
-    std::error_code ignored;
-    fs::remove_all(folder, ignored);
-  }
-
-  const fs::path folder;
-};
 
 }  // namespace
 
@@ -86,18 +67,20 @@ LogFile LogFiles::ProduceApplicationLog() {
 }
 
 fs::path LogFiles::Pack(const std::vector<LogFile>& files) {
-  const Staging staging(outbox / ".packing");
-  const fs::path copies = staging.folder / "logs";
-  fs::create_directories(copies);
-  for (const LogFile& log : files)
-    if (HasContent(log.file)) CopyHashed(log.file, copies / log.file.filename());
-
-  const fs::path made = staging.folder / "logs.tar.gz";
-  const auto packed = os::RunProcess(
-      {"tar", "-czf", made.string(), "-C", staging.folder.string(), "logs"}, kPackingLimit);
-  if (!packed || packed->exitStatus != 0)
-    throw std::runtime_error(os::PathText(outbox) + ": the logs could not be packed by tar");
-  const fs::path archive = NewArchive();
+  fs::create_directories(outbox);
+  const fs::path made = outbox / ".packing";
+  try {
+    LogArchive packing(made);
+    for (const LogFile& log : files)
+      if (HasContent(log.file))
+        packing.Add("logs/" + os::PathText(log.file.filename()), Hashed(log.file));
+    packing.Finish();
+  } catch (...) {
+    std::error_code ignored;
+    fs::remove(made, ignored);
+    throw;
+  }
+  fs::path archive = NewArchive();
   fs::rename(made, archive);
   return archive;
 }
@@ -112,12 +95,12 @@ const machine::IdentifierMask& LogFiles::Mask() {
   return *mask;
 }
 
-void LogFiles::CopyHashed(const fs::path& from, const fs::path& to) {
-  std::ifstream lines(from);
-  if (!lines) throw std::runtime_error(os::PathText(from) + ": the file cannot be read");
-  std::ofstream written(to);
-  for (std::string line; std::getline(lines, line);) written << Mask().Apply(line) << '\n';
-  CloseWhole(written, to);
+std::string LogFiles::Hashed(const fs::path& log) {
+  std::ifstream lines(log);
+  if (!lines) throw std::runtime_error(os::PathText(log) + ": the file cannot be read");
+  std::string hashed;
+  for (std::string line; std::getline(lines, line);) hashed += Mask().Apply(line) + '\n';
+  return hashed;
 }
 
 fs::path LogFiles::NewArchive() const {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/machine/identifier_mask.h"
@@ -38,7 +39,7 @@ class LogFiles {
 
  private:
   const machine::IdentifierMask& Mask();
-  void CopyHashed(const std::filesystem::path& from, const std::filesystem::path& to);
+  std::string Hashed(const std::filesystem::path& log);
   std::filesystem::path NewArchive() const;
 
   const std::filesystem::path folder;

@@ -8,6 +8,7 @@
 #include "platform/machine/machine.h"
 #include "platform/message/broker_connection.h"
 #include "platform/os/clock.h"
+#include "platform/os/console.h"
 #include "platform/os/interrupt.h"
 #include "platform/os/paths.h"
 #include "platform/util/log_file.h"
@@ -44,6 +45,7 @@ void Serve(const companion::Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  os::PrepareOutput();
   try {
     companion::Arguments arguments;
     int exitStatus = 0;

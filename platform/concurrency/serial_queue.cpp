@@ -1,6 +1,7 @@
 #include "common/log.h"
 #include "platform/concurrency/message_blocks.h"
 #include "platform/concurrency/worker_pool.h"
+#include "platform/os/process_end.h"
 
 namespace concurrency::detail {
 
@@ -44,6 +45,7 @@ SerialQueue::SerialQueue(const void* owner) : state(std::make_shared<CallState>(
 }
 
 SerialQueue::~SerialQueue() {
+  if (os::IsLastThreadOfEndingProcess()) return;
   std::unique_lock lock(state->mutex);
   state->drained.wait(lock, [this] { return !state->running; });
 }

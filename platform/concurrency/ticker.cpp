@@ -8,6 +8,7 @@
 
 #include "common/log.h"
 #include "platform/concurrency/message_blocks.h"
+#include "platform/os/process_end.h"
 
 namespace concurrency::detail {
 namespace {
@@ -84,6 +85,7 @@ Ticker::Ticker(unsigned periodMs, bool repeating, std::function<void()> tick, co
 }
 
 Ticker::~Ticker() {
+  if (os::IsLastThreadOfEndingProcess()) return;
   Stop();
   const std::lock_guard lock(state->mutex);
   state->tick = nullptr;  // a wait that has not been cancelled yet may outlive the caller's module

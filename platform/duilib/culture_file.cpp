@@ -5,6 +5,7 @@
 #include "common/file.h"
 #include "common/text.h"
 #include "common/xml_document.h"
+#include "platform/os/path_text.h"
 
 namespace DuiLib {
 namespace {
@@ -66,7 +67,7 @@ CultureTexts ReadCulture(const std::filesystem::path& folder, const std::string&
                              "' is no language: expected letters, digits and hyphens, as in en-US");
   }
   const auto file = folder / (language + ".xml");
-  return ParseCulture(common::ReadFile(file, common::kMaxXmlSize), file.string(), language);
+  return ParseCulture(common::ReadFile(file, common::kMaxXmlSize), os::PathText(file), language);
 }
 
 }  // namespace DuiLib

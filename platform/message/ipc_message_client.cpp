@@ -10,6 +10,7 @@
 #include "platform/message/delivery_queue.h"
 #include "platform/message/frame.h"
 #include "platform/message/uplink.h"
+#include "platform/os/process_end.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ CIPCMessageClient::CIPCMessageClient(std::uint32_t moduleId, bool /*reserved*/)
 }
 
 CIPCMessageClient::~CIPCMessageClient() {
+  if (os::IsLastThreadOfEndingProcess()) return;
   message::Clients().Remove(state);
   TellIdsChanged();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-// Export marks of the shared libraries. A library's own CMake target defines <NAME>_BUILDING.
+// Export marks of the shared libraries. A library's own CMake target defines <NAME>_BUILDING, one that
+// links its code statically <NAME>_STATIC.
 
 #if defined(_WIN32)
 #define ORV_EXPORT __declspec(dllexport)
@@ -14,6 +15,8 @@
 
 #if defined(UTIL_BUILDING)
 #define UTIL_API ORV_EXPORT
+#elif defined(UTIL_STATIC)
+#define UTIL_API
 #else
 #define UTIL_API ORV_IMPORT
 #endif

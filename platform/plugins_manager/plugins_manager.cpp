@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "platform/os/module.h"
+#include "platform/os/path_text.h"
+#include "platform/os/process_end.h"
 
 namespace {
 
@@ -62,6 +64,7 @@ bool ORV_STDCALL x3RegisterPlugin(x3::CreateFunction create, void*, const char* 
 }
 
 bool ORV_STDCALL x3UnregisterPlugin(x3::CreateFunction create) {
+  if (os::IsLastThreadOfEndingProcess()) return false;
   Manager& manager = Manager::Instance();
   const std::lock_guard lock(manager.mutex);
   const auto found = manager.Find(create);
@@ -72,8 +75,7 @@ bool ORV_STDCALL x3UnregisterPlugin(x3::CreateFunction create) {
 }
 
 bool ORV_STDCALL x3LoadPlugin(const char* path) {
-  const std::u8string utf8(path, path + std::char_traits<char>::length(path));
-  os::ModuleHandle module = os::LoadModule(std::filesystem::path(utf8));
+  os::ModuleHandle module = os::LoadModule(os::TextPath(path));
   if (module == nullptr) return false;
   Manager& manager = Manager::Instance();
   const std::lock_guard lock(manager.mutex);

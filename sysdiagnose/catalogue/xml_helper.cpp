@@ -46,7 +46,7 @@ void AppendItem(const common::XmlElement* element, std::vector<tagDetectItem>& i
   if (id == nullptr || name == nullptr || description == nullptr) return;
 
   // Leading blanks and a sign are accepted; a text without digits is 0.
-  const auto category = static_cast<enmHardwareID>(std::strtol(id->value(), nullptr, 10));
+  const auto category = static_cast<enmHardwareID>(std::strtoll(id->value(), nullptr, 10));
   if (!IsSupported(category)) return;
   items.push_back({category, common::Utf8ToWide({name->value(), name->value_size()}),
                    common::Utf8ToWide({description->value(), description->value_size()})});

@@ -17,7 +17,7 @@ template <typename Function>
 HardwareRepairHelper::BoundCommand HardwareRepairHelper::Bind(Lock lock, Function repair) {
   return [this, lock, repair](Result& result, const std::wstring& parameter) {
     const std::lock_guard guard(locks[lock]);
-    result = repair(static_cast<std::uint32_t>(std::wcstol(parameter.c_str(), nullptr, 10)));
+    result = repair(static_cast<std::uint32_t>(std::wcstoll(parameter.c_str(), nullptr, 10)));
   };
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "tests/support/running_program.h"
+#include "tests/support/temporary_folder.h"
 
 /// How a program ended.
 struct Outcome {
@@ -17,9 +19,6 @@ class Program {
  public:
   /// Starts it without input. Throws std::runtime_error when it cannot be started.
   explicit Program(const std::vector<std::string>& arguments);
-  Program(const Program&) = delete;
-  Program& operator=(const Program&) = delete;
-  ~Program();
 
   /// Reads its output until a line holds `text`; false when it ends before.
   bool ReadUntil(const std::string& text);
@@ -32,8 +31,8 @@ class Program {
   Outcome Wait();
 
  private:
-  struct Process;
-  std::unique_ptr<Process> process;
+  TemporaryFolder folder;
+  RunningProgram running;
   std::string output;
 };
 

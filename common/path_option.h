@@ -1,0 +1,21 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <string>
+
+namespace common {
+
+/// An option of a program's command line that takes a path, in UTF-8.
+inline CLI::Option* AddPathOption(CLI::App& command, const std::string& name,
+                                  std::filesystem::path& path, const std::string& description,
+                                  const std::string& typeName = "FILE") {
+  return command
+      .add_option_function<std::string>(
+          name,
+          [&path](const std::string& text) { path = std::u8string(text.begin(), text.end()); },
+          description)
+      ->type_name(typeName);
+}
+
+}  // namespace common
