@@ -18,6 +18,10 @@ Machine& Current() {
   return live;
 }
 
+bool IsLive() {
+  return Chosen().load() == nullptr;
+}
+
 void SetCurrent(std::unique_ptr<Machine> machine) {
   delete Chosen().exchange(machine.release());
 }

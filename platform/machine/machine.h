@@ -65,6 +65,9 @@ class UTIL_API Machine {
 /// The machine in force: the live one unless another was set.
 UTIL_API Machine& Current();
 
+/// Whether the machine in force is the live one.
+UTIL_API bool IsLive();
+
 /// Puts a machine in force, null for the live one again. For a program's start and for tests; no
 /// hardware call may be running.
 UTIL_API void SetCurrent(std::unique_ptr<Machine> machine);

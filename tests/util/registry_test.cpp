@@ -24,13 +24,12 @@ TEST(Registry, AnswersWithTheWrittenValueThenTheMachinesThenTheStoredOne) {
   util::Store store(folder.path);
   store.SetRegistryValue(kRoot, kKey, "Version", "stored \xe7\x89\x88 \xf0\x9f\x92\xbb");
 
-  machine::SetCurrent(nullptr);
+  auto owned = std::make_unique<FakeMachine>();
+  FakeMachine& machine = *owned;
+  machine::SetCurrent(std::move(owned));
   EXPECT_EQ(Value("Version"), L"stored \u7248 \U0001F4BB");
   EXPECT_EQ(Value("version"), L"untouched, none");
-
-  auto machine = std::make_unique<FakeMachine>();
-  machine->registry[{kRoot, kKey, "Version"}] = L"from the machine";
-  machine::SetCurrent(std::move(machine));
+  machine.registry[{kRoot, kKey, "Version"}] = L"from the machine";
   EXPECT_EQ(Value("Version"), L"from the machine");
 
   EXPECT_TRUE(DE::Registry::SetValue(kRoot, kKey, "Version", L"\u00fcberschrieben", kAccess));

@@ -1,4 +1,4 @@
-#include "platform/machine/linux/disk_list.h"
+#include "platform/machine/disk_list.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,6 @@
 #include <string_view>
 #include <system_error>
 
-#include "common/text.h"
 #include "platform/machine/linux/system_file.h"
 #include "platform/os/paths.h"
 #include "platform/util/text_helpers.h"
@@ -23,9 +22,6 @@ static_assert(kSectorsPerGigabyte * 512 == 1'000'000'000);
 
 constexpr auto kNotDisks =
     std::to_array<std::string_view>({"loop", "ram", "zram", "dm-", "md", "sr", "fd"});
-
-/// The transport's name that the kernel gives as the vendor of every disk behind it.
-constexpr std::string_view kTransportVendor = "ATA";
 
 bool Exists(const fs::path& path) {
   std::error_code error;
@@ -50,8 +46,7 @@ bool IsDisk(const std::string& name, const fs::path& folder) {
 std::string Caption(const std::string& name, const fs::path& folder) {
   const std::string model = FirstLine(folder, {"device/model", "device/name"});
   if (model.empty()) return name;
-  const std::string vendor = ReadLine(folder / "device/vendor");
-  return vendor.empty() || vendor == kTransportVendor ? model : vendor + ' ' + model;
+  return DiskCaption(ReadLine(folder / "device/vendor"), model);
 }
 
 /// Unit serial number page of a SCSI disk: four bytes of header, then text.
@@ -66,9 +61,10 @@ std::string PageSerialNumber(const fs::path& folder) {
 }
 
 Disk ReadDisk(const std::string& name, const fs::path& folder) {
+  std::string file = name;
+  std::ranges::replace(file, '!', '/');  // stands for it in the kernel's name
   Disk disk;
-  disk.device = name;
-  std::ranges::replace(disk.device, '!', '/');  // stands for it in the kernel's name
+  disk.device = os::SystemPath("/dev/" + file).string();
   disk.caption = Caption(name, folder);
   disk.vendorGigabytes = ReadNumber(folder / "size").value_or(0) / kSectorsPerGigabyte;
   disk.serialNumber = FirstLine(folder, {"device/serial", "serial"});
@@ -86,18 +82,6 @@ std::vector<Disk> ListDisks() {
   for (const std::string& name : ListNames(parent))
     if (IsDisk(name, parent / name)) disks.push_back(ReadDisk(name, parent / name));
   return disks;
-}
-
-void FillDisks(Inventory& inventory, const std::vector<Disk>& disks) {
-  for (std::size_t i = 0; i < disks.size(); ++i) {
-    const Disk& disk = disks[i];
-    inventory.Set(InfoCall::DiskCaption, common::Utf8ToWide(disk.caption), i);
-    inventory.Set(InfoCall::DiskVendorCapacity, disk.vendorGigabytes, i);
-    inventory.Set(InfoCall::DiskSerialNumber, common::Utf8ToWide(disk.serialNumber), i);
-    inventory.Set(InfoCall::DiskFirmwareRevision, common::Utf8ToWide(disk.firmwareRevision), i);
-    inventory.Set(InfoCall::DiskIsSolidState, disk.isSolidState, i);
-  }
-  inventory.Set(InfoCall::DiskCount, std::uint64_t{disks.size()});
 }
 
 }  // namespace machine

@@ -1,14 +1,12 @@
 #include "platform/machine/memory_tests.h"
 
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <utility>
 #include <vector>
 
-#include "platform/machine/linux/memory_buffer.h"
-#include "tests/machine/live/fake_system.h"
+#include "platform/machine/memory_buffer.h"
+#include "tests/machine/live/aliased_pages.h"
 
 namespace {
 
@@ -68,35 +66,6 @@ INSTANTIATE_TEST_SUITE_P(Patterns, MemoryTests, testing::ValuesIn(kPatterns));
 INSTANTIATE_TEST_SUITE_P(Operations, MemoryTests, testing::ValuesIn(kOperations));
 INSTANTIATE_TEST_SUITE_P(Patterns, MemoryPatterns, testing::ValuesIn(kPatterns));
 
-/// Pages that show up at two places, as with a broken address line.
-class AliasedPages {
- public:
-  AliasedPages() {
-    const int file = memfd_create("aliased", MFD_CLOEXEC);
-    if (file < 0 || ftruncate(file, kPart) != 0) return;
-    void* const room = mmap(nullptr, 2 * kPart, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (room != MAP_FAILED) first = static_cast<char*>(room);
-    for (char* at = first; first != nullptr && at < first + 2 * kPart; at += kPart)
-      isMapped = mmap(at, kPart, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_FIXED, file, 0) == at;
-    close(file);
-  }
-  ~AliasedPages() {
-    if (first != nullptr) munmap(first, 2 * kPart);
-  }
-  AliasedPages(const AliasedPages&) = delete;
-  AliasedPages& operator=(const AliasedPages&) = delete;
-
-  bool IsMapped() const { return isMapped; }
-  std::span<volatile std::uint64_t> Words() const {
-    return {reinterpret_cast<volatile std::uint64_t*>(first), 2 * kPart / sizeof(std::uint64_t)};
-  }
-
- private:
-  static constexpr std::size_t kPart = std::size_t{64} * 1024;
-  char* first = nullptr;
-  bool isMapped = false;
-};
-
 TEST(StuckAddress, SeesThatTwoAddressesAreOnePlace) {
   const AliasedPages pages;
   ASSERT_TRUE(pages.IsMapped());
@@ -106,23 +75,6 @@ TEST(StuckAddress, SeesThatTwoAddressesAreOnePlace) {
   EXPECT_EQ(fault->found, pages.Words().size_bytes() / 2);
   // Contents that repeat cannot show it: the address test has to.
   EXPECT_FALSE(machine::FindMemoryFault(TestCall::MemoryCheckerboard, pages.Words()));
-}
-
-TEST(MemoryBuffer, TakesAnEighthOfWhatIsAvailableWithinItsBounds) {
-  const FakeSystem system;
-  const struct {
-    const char* meminfo;
-    std::size_t size;
-  } cases[] = {{"MemTotal: 99999999 kB\nMemAvailable:  80000 kB\n", std::size_t{10000} * 1024},
-               {"MemAvailable: 99999999 kB\n", MemoryBuffer::kLargest},
-               {"MemAvailable: 18446744073709551615 kB\n", MemoryBuffer::kLargest},
-               {"MemAvailable: 100 kB\n", MemoryBuffer::kSmallest},
-               {"MemTotal: oops\nMemAvailable: 99999999 kB\n", MemoryBuffer::kSmallest},
-               {"", MemoryBuffer::kSmallest}};
-  for (const auto& each : cases) {
-    system.Write("/proc/meminfo", each.meminfo);
-    EXPECT_EQ(MemoryBuffer::FittingSize(), each.size) << each.meminfo;
-  }
 }
 
 TEST(MemoryBuffer, HandsItsMemoryOnAndRefusesTheImpossible) {

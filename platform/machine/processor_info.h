@@ -7,7 +7,7 @@
 namespace machine {
 
 /// Sets the answers about the processor: names by CPUID, cores, threads and caches by what the
-/// kernel tells. `firmwareClockMhz` is the firmware's external clock, 0 when it gives none.
+/// system tells. `firmwareClockMhz` is the firmware's external clock, 0 when it gives none.
 void FillProcessor(Inventory& inventory, std::uint32_t firmwareClockMhz);
 
 }  // namespace machine

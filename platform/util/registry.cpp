@@ -5,9 +5,9 @@
 #include <optional>
 #include <tuple>
 
-#include "common/text.h"
 #include "platform/machine/machine.h"
-#include "platform/util/store.h"
+#include "platform/util/data_registry.h"
+#include "platform/util/system_registry.h"
 
 namespace DE {
 namespace {
@@ -31,31 +31,27 @@ std::optional<std::wstring> WrittenValue(const std::string& root, const std::str
   return found->second;
 }
 
-std::optional<std::wstring> StoredValue(const std::string& root, const std::string& key,
-                                        const std::string& name) {
-  std::optional<std::string> stored;
-  util::UseStore([&](util::Store& store) { stored = store.RegistryValue(root, key, name); });
-  if (!stored) return std::nullopt;
-  return common::Utf8ToWide(*stored);
-}
-
 }  // namespace
 
+// A described machine has nothing to do with the registry of the system that it is looked at on.
 bool Registry::GetValue(const std::string& root, const std::string& key, const std::string& name,
-                        std::wstring& value, std::uint32_t /*access*/) {
+                        std::wstring& value, std::uint32_t access) {
   std::optional<std::wstring> found = WrittenValue(root, key, name);
   if (!found) found = machine::Current().RegistryValue(root, key, name);
-  if (!found) found = StoredValue(root, key, name);
+  if (!found)
+    found = machine::IsLive() ? util::ReadSystemRegistry(root, key, name, access)
+                              : util::ReadDataRegistry(root, key, name);
   if (!found) return false;
   value = *std::move(found);
   return true;
 }
 
 bool Registry::SetValue(const std::string& root, const std::string& key, const std::string& name,
-                        const std::wstring& value, std::uint32_t /*access*/) {
-  const std::string text = common::WideToUtf8(value);
-  if (!util::UseStore([&](util::Store& store) { store.SetRegistryValue(root, key, name, text); }))
-    return false;
+                        const std::wstring& value, std::uint32_t access) {
+  const bool isWritten = machine::IsLive()
+                             ? util::WriteSystemRegistry(root, key, name, value, access)
+                             : util::WriteDataRegistry(root, key, name, value);
+  if (!isWritten) return false;
   WrittenValues& written = Written();
   const std::lock_guard lock(written.mutex);
   written.values[{root, key, name}] = value;

@@ -4,15 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "platform/machine/linux/disk_list.h"
+#include "platform/machine/disk_list.h"
 #include "platform/machine/machine.h"
 
 namespace machine {
 
-/// The machine that this program runs on, as Linux tells of it. Reads the hardware once, on the
-/// first question about it; what is plugged in later does not show. The tests of devices that it
-/// cannot test answer that there is none.
-class LinuxMachine : public Machine {
+/// The machine that this program runs on, as its system tells of it. Reads the hardware once, on
+/// the first question about it; what is plugged in later does not show. The tests of devices that
+/// it cannot test answer that there is none.
+class LiveMachine : public Machine {
  public:
   const Inventory& Info() override;
   std::wstring ProductName() override;

@@ -1,4 +1,4 @@
-#include "platform/machine/linux/linux_machine.h"
+#include "platform/machine/live_machine.h"
 
 #include <gtest/gtest.h>
 
@@ -6,13 +6,13 @@
 #include <thread>
 #include <vector>
 
-#include "tests/machine/live/fake_system.h"
+#include "tests/machine/live/linux/fake_system.h"
 #include "tests/machine/live/smbios_bytes.h"
 
 namespace {
 
 using machine::InfoCall;
-using machine::LinuxMachine;
+using machine::LiveMachine;
 using machine::TestCall;
 
 void WriteProcessor(const FakeSystem& system, int number, int package, int core,
@@ -37,7 +37,7 @@ void WriteProcessor(const FakeSystem& system, int number, int package, int core,
   system.Write(folder + "/cache/uevent", "");
 }
 
-TEST(LinuxMachine, CountsCoresAndSharedCachesOnce) {
+TEST(LiveMachine, CountsCoresAndSharedCachesOnce) {
   const FakeSystem system;
   WriteProcessor(system, 0, 0, 0, "0-1");
   WriteProcessor(system, 1, 0, 0, "0-1");
@@ -46,7 +46,7 @@ TEST(LinuxMachine, CountsCoresAndSharedCachesOnce) {
   WriteProcessor(system, 4, 1, 0, "4");
   system.Write("/sys/devices/system/cpu/cpu5/online", "0\n");
   system.Write("/sys/devices/system/cpu/cpufreq/boost", "1\n");
-  LinuxMachine live;
+  LiveMachine live;
   EXPECT_EQ(live.Info().Number(InfoCall::CpuCoreNumbers), 3U);
   EXPECT_EQ(live.Info().Number(InfoCall::CpuCoreThreads), 5U);
   EXPECT_EQ(live.Info().Number(InfoCall::CpuL1CacheSize), 3 * 80U);
@@ -54,9 +54,9 @@ TEST(LinuxMachine, CountsCoresAndSharedCachesOnce) {
   EXPECT_EQ(live.Info().Number(InfoCall::CpuL3CacheSize), 2 * 24 * 1024U);
 }
 
-TEST(LinuxMachine, InventsNothingOnASystemThatTellsNothing) {
+TEST(LiveMachine, InventsNothingOnASystemThatTellsNothing) {
   const FakeSystem system;
-  LinuxMachine live;
+  LiveMachine live;
   EXPECT_EQ(live.Info().Number(InfoCall::CpuCoreNumbers), 0U);
   EXPECT_GT(live.Info().Number(InfoCall::CpuCoreThreads), 0U);
   EXPECT_EQ(live.Info().Number(InfoCall::CpuL1CacheSize), 0U);
@@ -67,12 +67,12 @@ TEST(LinuxMachine, InventsNothingOnASystemThatTellsNothing) {
   EXPECT_EQ(live.ProductName(), L"");
 }
 
-TEST(LinuxMachine, TakesBoardAndMemoryFromTheFirmware) {
+TEST(LiveMachine, TakesBoardAndMemoryFromTheFirmware) {
   const FakeSystem system;
   system.Write("/sys/firmware/dmi/tables/DMI", SmbiosBytes::Laptop());
   system.Write("/sys/class/dmi/id/product_name", "not asked\n");
   system.Write("/proc/meminfo", "MemTotal:       16000000 kB\n");
-  LinuxMachine live;
+  LiveMachine live;
   EXPECT_EQ(live.ProductName(), L"TUSK 14");
   EXPECT_EQ(live.Info().Text(InfoCall::BaseboardManufacturer), L"Board Maker");
   EXPECT_EQ(live.Info().Text(InfoCall::BaseboardVersion), L"V2");
@@ -84,13 +84,13 @@ TEST(LinuxMachine, TakesBoardAndMemoryFromTheFirmware) {
   EXPECT_EQ(live.Info().Number(InfoCall::MemoryCapacity, 1), 0U);
 }
 
-TEST(LinuxMachine, FallsBackOnWhatEveryUserMayRead) {
+TEST(LiveMachine, FallsBackOnWhatEveryUserMayRead) {
   const FakeSystem system;
   system.Write("/sys/class/dmi/id/product_name", "TUSK 15\n");
   system.Write("/sys/class/dmi/id/board_name", "BRD-2\n");
   system.Write("/proc/meminfo",
                "MemFree:  1 kB\nMemTotal:       16777216 kB\nHugePages_Total:  0\n");
-  LinuxMachine live;
+  LiveMachine live;
   EXPECT_EQ(live.ProductName(), L"TUSK 15");
   EXPECT_EQ(live.Info().Text(InfoCall::BaseboardProduct), L"BRD-2");
   EXPECT_EQ(live.Info().Number(InfoCall::MemoryTotal), 16384U);
@@ -102,7 +102,7 @@ void WriteDisk(const FakeSystem& system, const std::string& name, const std::str
   system.Write("/sys/block/" + name + "/device/uevent", "");
 }
 
-TEST(LinuxMachine, ListsDisksAsTheirKindDescribesThem) {
+TEST(LiveMachine, ListsDisksAsTheirKindDescribesThem) {
   const FakeSystem system;
   WriteDisk(system, "vda", "536870912\n");
   system.Write("/sys/block/vda/serial", "virt1");
@@ -127,7 +127,7 @@ TEST(LinuxMachine, ListsDisksAsTheirKindDescribesThem) {
   system.Write("/sys/block/dm-0/size", "100\n");
   system.Write("/sys/block/overlay/size", "100\n");  // no device behind it
 
-  LinuxMachine live;
+  LiveMachine live;
   const machine::Inventory& info = live.Info();
   ASSERT_EQ(info.Number(InfoCall::DiskCount), 4U);
   const struct {
@@ -164,7 +164,7 @@ class FakeSmartctl {
   std::string path = std::getenv("PATH");
 };
 
-TEST(LinuxMachine, AsksAboutTheDiskThatTheTestIsAbout) {
+TEST(LiveMachine, AsksAboutTheDiskThatTheTestIsAbout) {
   const FakeSystem system;
   WriteDisk(system, "cciss!c0d0", "100\n");
   WriteDisk(system, "sda", "100\n");
@@ -176,25 +176,25 @@ TEST(LinuxMachine, AsksAboutTheDiskThatTheTestIsAbout) {
 echo "{\"smart_status\": {\"passed\": $verdict}}"
 exit 32
 )");
-  LinuxMachine live;
+  LiveMachine live;
   EXPECT_EQ(live.Test(TestCall::DiskSsdSmart, 0, 0).code, 0U);
   EXPECT_EQ(live.Test(TestCall::DiskHddSmart, 0, 1).code, 1U);
   EXPECT_EQ(live.Test(TestCall::DiskHddSmart, 0, 2).code, 2U);
   EXPECT_EQ(live.Test(TestCall::DiskHddSmart, 0, -1).flags.size(), machine::kHddFlagCount);
 }
 
-TEST(LinuxMachine, ADiskWithoutAToolToReadItIsUnreadable) {
+TEST(LiveMachine, ADiskWithoutAToolToReadItIsUnreadable) {
   const FakeSystem system;
   WriteDisk(system, "sda", "100\n");
   const FakeSmartctl smartctl(system, "kill -9 $$\n");
-  LinuxMachine live;
+  LiveMachine live;
   EXPECT_EQ(live.Test(TestCall::DiskSsdSmart, 0, 0).code, 2U);
 }
 
-TEST(LinuxMachine, AnswersEveryCallFromManyThreadsAtOnce) {
+TEST(LiveMachine, AnswersEveryCallFromManyThreadsAtOnce) {
   const FakeSystem system;
   system.Write("/sys/firmware/dmi/tables/DMI", SmbiosBytes::Laptop());
-  LinuxMachine live;
+  LiveMachine live;
   std::vector<std::jthread> threads;
   threads.reserve(4);
   for (int i = 0; i < 4; ++i)

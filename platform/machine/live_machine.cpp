@@ -1,24 +1,23 @@
-#include "platform/machine/linux/linux_machine.h"
+#include "platform/machine/live_machine.h"
 
 #include <array>
-#include <chrono>
 #include <optional>
 #include <span>
 
 #include "common/log.h"
-#include "platform/machine/linux/firmware_info.h"
-#include "platform/machine/linux/memory_buffer.h"
-#include "platform/machine/linux/processor_info.h"
+#include "common/text.h"
+#include "platform/machine/filter_keys.h"
+#include "platform/machine/firmware_info.h"
+#include "platform/machine/memory_buffer.h"
 #include "platform/machine/memory_tests.h"
+#include "platform/machine/processor_info.h"
 #include "platform/machine/processor_tests/processor_tests.h"
 #include "platform/machine/smart_report.h"
-#include "platform/os/paths.h"
-#include "platform/os/process.h"
+#include "platform/machine/smart_tool.h"
 
 namespace machine {
 namespace {
 
-constexpr std::chrono::seconds kSmartLimit{10};
 constexpr std::uint32_t kNoMemory = 2;
 
 log4cxx::LoggerPtr& Logger() {
@@ -41,12 +40,11 @@ TestAnswer RunMemoryTest(TestCall call, std::span<const Disk>, int) {
 
 TestAnswer RunSmartTest(TestCall call, std::span<const Disk> disks, int disk) {
   if (disk < 0 || static_cast<std::size_t>(disk) >= disks.size()) return UnreadableDisk(call);
-  const std::string device =
-      os::SystemPath("/dev/" + disks[static_cast<std::size_t>(disk)].device).string();
-  // The exit status tells of the disk's health too; the report says it better.
-  const auto result = os::RunProcess({"smartctl", "--json", "-a", device}, kSmartLimit);
-  if (!result) COMMON_LOG_WARN(Logger(), "smartctl gives no report about " + device);
-  return result ? ParseSmartReport(call, result->output) : UnreadableDisk(call);
+  return AskSmartTool(call, disks[static_cast<std::size_t>(disk)].device);
+}
+
+TestAnswer RunFilterKeysTest(TestCall, std::span<const Disk>, int) {
+  return TestFilterKeys();
 }
 
 struct TestRow {
@@ -83,7 +81,7 @@ constexpr auto kTests = std::to_array<TestRow>({
     {TestCall::BatteryDevice, nullptr, 1, L"no battery that can be tested"},
     {TestCall::BatteryVoltage, nullptr, 1, L"no battery that can be tested"},
     {TestCall::BatteryLoss, nullptr, 1, L"no battery that can be tested"},
-    {TestCall::KeyboardFilterKey, nullptr},
+    {TestCall::KeyboardFilterKey, RunFilterKeysTest},
     {TestCall::KeyboardHotKey, nullptr},
     {TestCall::BluetoothDevice, nullptr, 1, L"no bluetooth adapter that can be tested"},
     {TestCall::BluetoothState, nullptr, 1, L"no bluetooth adapter that can be tested"},
@@ -94,50 +92,70 @@ constexpr auto kTests = std::to_array<TestRow>({
 });
 static_assert(InOrder<TestCall>(kTests));
 
+struct RepairRow {
+  RepairCall call;
+  std::optional<RepairAnswer> (*run)();
+};
+
+constexpr auto kRepairs = std::to_array<RepairRow>({
+    {RepairCall::WifiDriver, nullptr},
+    {RepairCall::WifiProblem, nullptr},
+    {RepairCall::Hotkey, nullptr},
+    {RepairCall::FilterKey, TurnFilterKeysOff},
+    {RepairCall::Audio, nullptr},
+    {RepairCall::Bluetooth, nullptr},
+    {RepairCall::VideoCard, nullptr},
+    {RepairCall::Biometric, nullptr},
+});
+static_assert(InOrder<RepairCall>(kRepairs));
+
 }  // namespace
 
-const Inventory& LinuxMachine::Info() {
+const Inventory& LiveMachine::Info() {
   ReadOnce();
   return inventory;
 }
 
-std::wstring LinuxMachine::ProductName() {
+std::wstring LiveMachine::ProductName() {
   ReadOnce();
   return productName;
 }
 
-TestAnswer LinuxMachine::Test(TestCall call, std::size_t, int disk) {
+TestAnswer LiveMachine::Test(TestCall call, std::size_t, int disk) {
   const TestRow& row = kTests.at(static_cast<std::size_t>(call));
   if (row.run == nullptr) return {row.code, row.text, row.code == 0, {}};
   ReadOnce();
   return row.run(call, disks, disk);
 }
 
-bool LinuxMachine::IsSupported(SupportCall call) {
+bool LiveMachine::IsSupported(SupportCall call) {
   return ProcessorSupports(call);
 }
 
-RepairAnswer LinuxMachine::Repair(RepairCall, std::size_t, std::uint32_t) {
-  return {1, false, L"this repair cannot be made on this machine"};
+RepairAnswer LiveMachine::Repair(RepairCall call, std::size_t, std::uint32_t) {
+  const RepairRow& row = kRepairs.at(static_cast<std::size_t>(call));
+  std::optional<RepairAnswer> answer;
+  if (row.run != nullptr) answer = row.run();
+  return answer ? *answer : RepairAnswer{1, false, L"this repair cannot be made on this machine"};
 }
 
-void LinuxMachine::ReadOnce() {
+void LiveMachine::ReadOnce() {
   std::call_once(wasRead, [this] { Read(); });
 }
 
-void LinuxMachine::Read() {
-  const std::optional<util::SmbiosTable> table = ReadFirmwareTable();
-  if (!table) COMMON_LOG_INFO(Logger(), "the firmware's tables cannot be read");
-  productName = ReadProductName(table);
-  FillProcessor(inventory, table ? table->ExternalClockMhz() : 0);
-  FillBoard(inventory, table);
-  FillMemory(inventory, table);
+void LiveMachine::Read() {
+  const FirmwareInfo firmware = ReadFirmware();
+  if (!firmware.hasTable) COMMON_LOG_INFO(Logger(), "the firmware's tables cannot be read");
+  productName = common::Utf8ToWide(firmware.productName);
+  FillProcessor(inventory, firmware.externalClockMhz);
+  FillBoard(inventory, firmware);
+  FillMemory(inventory, firmware);
   disks = ListDisks();
   FillDisks(inventory, disks);
 }
 
 std::unique_ptr<Machine> MakeLiveMachine() {
-  return std::make_unique<LinuxMachine>();
+  return std::make_unique<LiveMachine>();
 }
 
 }  // namespace machine
