@@ -38,13 +38,10 @@ class PipeListener final : public LocalListener {
   int Places() const override { return kPlaces; }
 
   void AsyncAccept(OnAccepted handler) override {
-    os::Handle instance = first ? std::move(first) : Create(0);
-    if (!instance)
-      return asio::post(context, [handler = std::move(handler), error = LastError()] {
-        handler(error, nullptr, 0);
-      });
-    const auto pipe = std::make_shared<Pipe>(context, instance.Get());
-    instance.Release();
+    const auto pipe = std::make_shared<Pipe>(context);
+    if (const std::error_code error = OpenInstance(*pipe))
+      return asio::post(context,
+                        [handler = std::move(handler), error] { handler(error, nullptr, 0); });
     waiting.insert(pipe);
     asio::windows::overlapped_ptr connected(
         context,
@@ -66,25 +63,30 @@ class PipeListener final : public LocalListener {
   }
 
  private:
-  // The ends that the clients of a dead broker still hold keep the name in use for a moment.
+  // A pipe that is there but takes nobody stays so for a moment only: its broker starts, or the
+  // clients of a dead one still hold their ends.
   os::Handle Claim() {
-    for (int left = kTries;; --left) {
-      RefuseIfServed();
-      os::Handle instance = Create(FILE_FLAG_FIRST_PIPE_INSTANCE);
-      if (instance) return instance;
-      const std::error_code error = LastError();
-      if (left == 0 || (error.value() != ERROR_ACCESS_DENIED && error.value() != ERROR_PIPE_BUSY))
-        throw NobodyCanServe(error.message());
+    for (int left = kTries; left > 0; --left) {
+      if (IsFree()) {
+        os::Handle instance = Create(FILE_FLAG_FIRST_PIPE_INSTANCE);
+        if (instance) return instance;
+        const std::error_code error = LastError();
+        if (error.value() != ERROR_ACCESS_DENIED && error.value() != ERROR_PIPE_BUSY)
+          throw NobodyCanServe(error.message());
+      }
       os::CurrentClock().Sleep(kPause);
     }
+    throw NobodyCanServe("a program that does not answer holds the name");
   }
 
-  void RefuseIfServed() const {
+  bool IsFree() const {
     const os::Handle other = OpenPipe(name);
+    const DWORD error = GetLastError();
     if (other && IsServedByUser(other.Get()))
       throw BrokerRuns(socket + ": another broker serves there");
-    if (other || GetLastError() == ERROR_ACCESS_DENIED)
+    if (other || error == ERROR_ACCESS_DENIED)
       throw NobodyCanServe("a program of another user holds the name");
+    return error != ERROR_PIPE_BUSY;
   }
 
   std::runtime_error NobodyCanServe(const std::string& reason) const {
@@ -96,6 +98,15 @@ class PipeListener final : public LocalListener {
         name.c_str(), PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED | flags,
         PIPE_TYPE_BYTE | PIPE_READMODE_BYTE | PIPE_WAIT | PIPE_REJECT_REMOTE_CLIENTS,
         PIPE_UNLIMITED_INSTANCES, kBufferBytes, kBufferBytes, 0, security.Get()));
+  }
+
+  std::error_code OpenInstance(Pipe& pipe) {
+    os::Handle instance = first ? std::move(first) : Create(0);
+    if (!instance) return LastError();
+    std::error_code error;
+    pipe.assign(instance.Get(), error);
+    if (!error) instance.Release();
+    return error;
   }
 
   // A client that has come and gone already may have left something to read.

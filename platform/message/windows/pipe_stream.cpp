@@ -61,7 +61,10 @@ std::unique_ptr<LocalStream> ConnectLocally(asio::io_context& context,
                                             const std::filesystem::path& address) {
   os::Handle pipe = OpenPipe(address);
   if (!pipe || !IsServedByUser(pipe.Get())) return nullptr;
-  asio::windows::stream_handle connected(context, pipe.Get());
+  asio::windows::stream_handle connected(context);
+  asio::error_code error;
+  connected.assign(pipe.Get(), error);
+  if (error) return nullptr;
   pipe.Release();
   return std::make_unique<PipeStream>(std::move(connected));
 }

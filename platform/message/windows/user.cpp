@@ -47,7 +47,7 @@ std::optional<bool> IsProcessOfUser(DWORD process) {
   if (!opened) return std::nullopt;
   const auto sid = SidOfProcess(opened.Get());
   if (!sid) return std::nullopt;
-  return *sid == UserSid();
+  return sid == SidOfProcess(GetCurrentProcess());
 }
 
 bool IsPipeOfUser(HANDLE pipe) {
@@ -57,7 +57,7 @@ bool IsPipeOfUser(HANDLE pipe) {
                       nullptr, &found) != ERROR_SUCCESS)
     return false;
   const LocalMemory<void> descriptor(found, &LocalFree);
-  return SidText(owner) == UserSid();
+  return SidText(owner) == SidOfProcess(GetCurrentProcess());
 }
 
 OnlyForUser::OnlyForUser() : descriptor(nullptr, &LocalFree) {
