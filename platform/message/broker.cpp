@@ -13,50 +13,26 @@
 #include "common/log.h"
 #include "platform/message/delivery_queue.h"
 #include "platform/message/frame_channel.h"
-#include "platform/message/local_endpoint.h"
+#include "platform/message/local_listener.h"
 #include "platform/message/uplink.h"
-#include "platform/os/local_socket.h"
 
 namespace message {
 namespace {
 
-using Protocol = asio::local::stream_protocol;
 using Channel = std::shared_ptr<FrameChannel>;
 
 constexpr std::size_t kMaxIdsOfPeer = 4096;
 constexpr std::chrono::milliseconds kPauseAfterFailedAccept(100);
 
-os::FileLock TakeLock(const std::filesystem::path& socket) {
-  std::filesystem::path file = socket;
-  auto lock = os::FileLock::TryTake(file += ".lock");
-  if (!lock) throw BrokerRuns(os::PathText(socket) + ": another broker serves there");
-  return std::move(*lock);
-}
-
-// Who may connect is settled before the socket listens.
-Protocol::acceptor Listen(asio::io_context& context, const std::filesystem::path& socket) {
-  std::error_code error;
-  std::filesystem::remove(socket, error);
-  Protocol::acceptor acceptor(context);
-  acceptor.open();
-  acceptor.bind(EndpointOf(socket), error);
-  if (!error && !os::MakePrivate(socket)) error = std::make_error_code(std::errc::io_error);
-  if (!error) acceptor.listen(Protocol::acceptor::max_listen_connections, error);
-  if (error)
-    throw std::runtime_error(os::PathText(socket) +
-                             ": no broker can serve there: " + error.message());
-  return acceptor;
-}
-
 }  // namespace
 
 class Broker::Core final : public Uplink {
  public:
-  explicit Core(const std::filesystem::path& path)
-      : socket(path), lock(TakeLock(path)), acceptor(Listen(context, path)), pause(context) {}
+  explicit Core(const std::filesystem::path& socket)
+      : listener(ListenLocally(context, socket)), pause(context) {}
 
   void Start() {
-    Accept();
+    for (int place = 0; place < listener->Places(); ++place) Accept();
     Deliveries().Serve(context);
   }
 
@@ -65,11 +41,10 @@ class Broker::Core final : public Uplink {
     Deliveries().StopServing();
     stopping = true;
     pause.cancel();
-    std::error_code ignored;
-    acceptor.close(ignored);
+    listener->Close();
     for (const Channel& channel : Channels()) channel->End({});
     context.run();  // until nothing is left
-    std::filesystem::remove(socket, ignored);
+    listener = nullptr;
   }
 
   void Send(const tagIPC_MESSAGE_ITEM& item) override {
@@ -88,23 +63,27 @@ class Broker::Core final : public Uplink {
     std::set<std::uint32_t> ids;
   };
 
+  // The next one can come before this one is served.
   void Accept() {
-    acceptor.async_accept([this](const asio::error_code& error, LocalSocket accepted) {
-      if (stopping) return;
-      if (error) return AcceptLater(error);
-      if (const auto process = os::ProcessOfOwnPeer(accepted.native_handle()))
-        Serve(std::make_shared<FrameChannel>(std::move(accepted)), *process);
-      else
-        COMMON_LOG_WARN(Logger(), "a connection of another user was refused");
-      Accept();
-    });
+    listener->AsyncAccept(
+        [this](const std::error_code& error, std::unique_ptr<LocalStream> stream, int process) {
+          if (stopping) return;
+          if (error) return AcceptLater(error);
+          Accept();
+          if (stream)
+            Serve(std::make_shared<FrameChannel>(std::move(stream)), process);
+          else
+            COMMON_LOG_WARN(Logger(), "a connection of another user was refused");
+        });
   }
 
-  void AcceptLater(const asio::error_code& error) {
+  void AcceptLater(const std::error_code& error) {
+    if (++failedAccepts > 1) return;
     COMMON_LOG_ERROR(Logger(), "a connection could not be accepted: " + error.message());
     pause.expires_after(kPauseAfterFailedAccept);
     pause.async_wait([this](const asio::error_code&) {
-      if (!stopping) Accept();
+      const int again = stopping ? 0 : std::exchange(failedAccepts, 0);
+      for (int place = 0; place < again; ++place) Accept();
     });
   }
 
@@ -181,12 +160,13 @@ class Broker::Core final : public Uplink {
 
   static log4cxx::LoggerPtr Logger() { return log4cxx::Logger::getLogger("orv.message"); }
 
-  const std::filesystem::path socket;
-  const os::FileLock lock;
-  asio::io_context context{1};
-  Protocol::acceptor acceptor;
+  asio::io_context context{kContextThreads};
+
+  // Of whoever runs the context; before that, and after, of Start and Stop.
+  std::unique_ptr<LocalListener> listener;
   asio::steady_timer pause;
-  bool stopping = false;  // of whoever runs the context
+  int failedAccepts = 0;
+  bool stopping = false;
 
   std::mutex mutex;
   std::map<Channel, Peer> peers;

@@ -17,9 +17,9 @@
 #include "platform/message/client_table.h"
 #include "platform/message/delivery_queue.h"
 #include "platform/message/frame_channel.h"
-#include "platform/message/local_endpoint.h"
+#include "platform/message/local_stream.h"
 #include "platform/message/uplink.h"
-#include "platform/os/local_socket.h"
+#include "platform/os/path_text.h"
 
 namespace message {
 namespace {
@@ -41,7 +41,7 @@ std::vector<std::uint32_t> WithoutThoseIn(const Ids& ids, const Ids& excluded) {
 class Connection final : public Uplink {
  public:
   explicit Connection(const std::filesystem::path& path)
-      : socket(os::PathText(path)), endpoint(EndpointOf(path)), retry(context) {}
+      : socket(os::PathText(path)), address(LocalAddress(path)), retry(context) {}
 
   bool Start() {
     const bool reached = TryConnect();
@@ -96,14 +96,9 @@ class Connection final : public Uplink {
   }
 
   bool TryConnect() {
-    LocalSocket connecting(context);
-    asio::error_code error;
-    connecting.open();
-    connecting.non_blocking(true);  // a broker that does not accept is none
-    connecting.connect(endpoint, error);
-    if (error || !os::ProcessOfOwnPeer(connecting.native_handle())) return false;
-
-    const auto connected = std::make_shared<FrameChannel>(std::move(connecting));
+    std::unique_ptr<LocalStream> stream = ConnectLocally(context, address);
+    if (!stream) return false;
+    const auto connected = std::make_shared<FrameChannel>(std::move(stream));
     {
       const std::lock_guard lock(mutex);
       channel = connected;
@@ -151,8 +146,8 @@ class Connection final : public Uplink {
   }
 
   const std::string socket;
-  const asio::local::stream_protocol::endpoint endpoint;
-  asio::io_context context{1};
+  const std::filesystem::path address;
+  asio::io_context context{kContextThreads};
   asio::executor_work_guard<asio::io_context::executor_type> work{context.get_executor()};
 
   // Of whoever runs the context; before that, and after, of Start and Stop.
@@ -177,10 +172,6 @@ Holder& TheHolder() {
 }
 
 }  // namespace
-
-std::filesystem::path DefaultBrokerSocket() {
-  return os::RuntimeFolder() / "sysdiagnose.sock";
-}
 
 bool ConnectToBroker(const std::filesystem::path& socket) {
   const auto connection = std::make_shared<Connection>(socket);

@@ -1,6 +1,5 @@
 #include "platform/message/frame_channel.h"
 
-#include <asio/buffer.hpp>
 #include <chrono>
 #include <span>
 #include <utility>
@@ -14,9 +13,7 @@ constexpr std::chrono::seconds kPatience(1);
 
 }  // namespace
 
-FrameChannel::FrameChannel(LocalSocket connected) : socket(std::move(connected)) {
-  socket.non_blocking(true);
-}
+FrameChannel::FrameChannel(std::unique_ptr<LocalStream> connected) : stream(std::move(connected)) {}
 
 void FrameChannel::Start(OnFrame onFrame, OnEnd onEnd) {
   frameArrived = std::move(onFrame);
@@ -32,7 +29,7 @@ void FrameChannel::Send(const SharedBytes& frame, WhenFull whenFull) {
   if (shut) return;
   queue.push_back(frame);
   queuedBytes += frame->size();
-  if (!waitingToSend) SendNow();
+  if (!writing) SendWaiting();
 }
 
 void FrameChannel::Flush() {
@@ -49,29 +46,33 @@ bool FrameChannel::Full(std::size_t bytes) const {
   return queue.size() >= kMaxQueuedFrames || queuedBytes + bytes > kMaxQueuedBytes;
 }
 
-void FrameChannel::SendNow() {
+void FrameChannel::SendWaiting() {
   while (!shut && !queue.empty()) {
-    const std::vector<std::uint8_t>& front = *queue.front();
-    asio::error_code error;
-    frontSent +=
-        socket.write_some(asio::buffer(front.data() + frontSent, front.size() - frontSent), error);
-    if (error == asio::error::would_block) return SendWhenPossible();
-    if (error) return Shut({});  // the reading side learns why
-    if (frontSent < front.size()) continue;
-    queuedBytes -= front.size();
-    frontSent = 0;
-    queue.pop_front();
+    const SharedBytes& first = queue.front();
+    const std::size_t taken = stream->TryWrite(*first);
+    if (taken < first->size()) return SendRestOfFirst(taken);
+    DropFirst();
   }
 }
 
-void FrameChannel::SendWhenPossible() {
-  waitingToSend = true;
-  socket.async_wait(LocalSocket::wait_write, [self = shared_from_this()](const auto&) {
-    const std::lock_guard lock(self->mutex);
-    self->waitingToSend = false;
-    self->SendNow();
-    self->sent.notify_all();
-  });
+void FrameChannel::SendRestOfFirst(std::size_t from) {
+  writing = true;
+  const SharedBytes first = queue.front();
+  stream->AsyncWrite(std::span(*first).subspan(from),
+                     [self = shared_from_this(), first](const std::error_code& error) {
+                       const std::lock_guard lock(self->mutex);
+                       self->writing = false;
+                       if (error) self->Shut({});  // the reading side learns why
+                       if (self->shut) return;
+                       self->DropFirst();
+                       self->SendWaiting();
+                       self->sent.notify_all();
+                     });
+}
+
+void FrameChannel::DropFirst() {
+  queuedBytes -= queue.front()->size();
+  queue.pop_front();
 }
 
 // The read under way then ends and closes the channel.
@@ -79,21 +80,19 @@ void FrameChannel::Shut(const std::string& reason) {
   if (shut) return;
   shut = true;
   shutReason = reason;
-  asio::error_code ignored;
-  socket.shutdown(LocalSocket::shutdown_both, ignored);
+  stream->Shutdown();
   sent.notify_all();
 }
 
 void FrameChannel::Read() {
   const std::lock_guard lock(mutex);
-  socket.async_read_some(
-      asio::buffer(chunk),
-      [self = shared_from_this()](const asio::error_code& error, std::size_t bytes) {
-        if (error)
-          self->Finish(self->reader.InsideFrame() ? "it ended inside a frame" : "");
-        else
-          self->TakeFrames(bytes);
-      });
+  stream->AsyncRead(chunk,
+                    [self = shared_from_this()](const std::error_code& error, std::size_t bytes) {
+                      if (error)
+                        self->Finish(self->reader.InsideFrame() ? "it ended inside a frame" : "");
+                      else
+                        self->TakeFrames(bytes);
+                    });
 }
 
 void FrameChannel::TakeFrames(std::size_t bytes) {
@@ -111,8 +110,7 @@ void FrameChannel::Finish(std::string reason) {
     const std::lock_guard lock(mutex);
     Shut(reason);
     reason = shutReason.empty() ? reason : shutReason;
-    asio::error_code ignored;
-    socket.close(ignored);
+    stream->Close();
     queue.clear();
   }
   ended(reason);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <asio/local/stream_protocol.hpp>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -12,16 +11,16 @@
 #include <vector>
 
 #include "platform/message/frame.h"
+#include "platform/message/local_stream.h"
 
 namespace message {
 
-using LocalSocket = asio::local::stream_protocol::socket;
 using SharedBytes = std::shared_ptr<const std::vector<std::uint8_t>>;
 
-/// One connected socket that frames go through, both ways.
+/// One connection that frames go through, both ways.
 ///
-/// What does not fit into the socket waits in a bounded queue. Reading, and writing what has
-/// waited, is done by whoever runs the socket's context; the two callbacks come from there.
+/// What the system does not take at once waits in a bounded queue. Reading, and writing what has
+/// waited, is done by whoever runs the stream's context; the two callbacks come from there.
 class FrameChannel : public std::enable_shared_from_this<FrameChannel> {
  public:
   /// May throw FrameError, which ends the channel.
@@ -35,7 +34,7 @@ class FrameChannel : public std::enable_shared_from_this<FrameChannel> {
     Wait  // waits up to a second for room, then ends the channel; not while running the context
   };
 
-  explicit FrameChannel(LocalSocket connected);
+  explicit FrameChannel(std::unique_ptr<LocalStream> connected);
 
   void Start(OnFrame onFrame, OnEnd onEnd);
 
@@ -50,8 +49,9 @@ class FrameChannel : public std::enable_shared_from_this<FrameChannel> {
 
  private:
   bool Full(std::size_t bytes) const;
-  void SendNow();
-  void SendWhenPossible();
+  void SendWaiting();
+  void SendRestOfFirst(std::size_t from);
+  void DropFirst();
   void Shut(const std::string& reason);
   void Read();
   void TakeFrames(std::size_t bytes);
@@ -62,13 +62,12 @@ class FrameChannel : public std::enable_shared_from_this<FrameChannel> {
   FrameReader reader;
   std::array<std::uint8_t, 16384> chunk;
 
-  std::mutex mutex;  // guards what follows; the socket's own operations all start under it
-  LocalSocket socket;
+  std::mutex mutex;  // guards what follows; the stream is used under it
+  const std::unique_ptr<LocalStream> stream;
   std::condition_variable sent;
-  std::deque<SharedBytes> queue;
-  std::size_t frontSent = 0;    // bytes of the first frame that are gone
-  std::size_t queuedBytes = 0;  // of all frames in the queue, the first one whole
-  bool waitingToSend = false;
+  std::deque<SharedBytes> queue;  // the first one may have gone in part
+  std::size_t queuedBytes = 0;
+  bool writing = false;  // the stream is busy with the first one
   bool shut = false;
   std::string shutReason;
 };

@@ -19,6 +19,7 @@ class Handle {
   ~Handle() { Close(); }
 
   HANDLE Get() const { return handle; }
+  HANDLE Release() { return std::exchange(handle, nullptr); }
   explicit operator bool() const { return handle != nullptr; }
   void Close() {
     if (handle != nullptr) CloseHandle(std::exchange(handle, nullptr));
