@@ -13,6 +13,7 @@ function(add_program name)
   add_executable(${name} ${ARGN})
   if(WIN32)
     target_sources(${name} PRIVATE ${CMAKE_SOURCE_DIR}/platform/os/windows/program.rc)
+    add_dependencies(${name} app_runtime)
   endif()
 endfunction()
 

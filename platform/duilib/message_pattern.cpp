@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "common/text.h"
+#include "platform/duilib/icu_data.h"
 
 namespace DuiLib {
 namespace {
@@ -25,6 +26,7 @@ std::wstring FillPattern(const std::wstring& pattern, const std::vector<std::wst
   values.reserve(arguments.size());
   for (const std::wstring& argument : arguments) values.emplace_back(ToIcu(argument));
 
+  ProvideIcuData();
   UErrorCode status = U_ZERO_ERROR;
   icu::UnicodeString filled;
   icu::MessageFormat::format(ToIcu(pattern), values.data(),
@@ -34,6 +36,7 @@ std::wstring FillPattern(const std::wstring& pattern, const std::vector<std::wst
 }
 
 int PatternArguments(const std::wstring& pattern) {
+  ProvideIcuData();
   UErrorCode status = U_ZERO_ERROR;
   const icu::MessagePattern parsed(ToIcu(pattern), nullptr, status);
   if (U_FAILURE(status)) return 0;

@@ -77,7 +77,7 @@ TEST(DescribeDisk, ADriveWithoutSizeOrDeviceIsNone) {
 }
 
 TEST(DescribeDisk, TakesNothingFromOutsideTheDescriptor) {
-  for (const std::uint32_t offset : {1U, 35U, 40U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+  for (const std::uint32_t offset : {1U, 16U, 35U, 40U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
     const auto disk = DescribeDisk(0, Descriptor().Model("X").Offset(24, offset).Of(1));
     ASSERT_TRUE(disk) << offset;
     EXPECT_EQ(disk->serialNumber, "") << offset;

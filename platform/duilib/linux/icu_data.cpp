@@ -1,0 +1,7 @@
+#include "platform/duilib/icu_data.h"
+
+namespace DuiLib {
+
+void ProvideIcuData() {}  // the system's ICU brings it
+
+}  // namespace DuiLib

@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Builds one dependency by its recipe; tools/windows-deps calls it.
+#   build.sh NAME WORK_FOLDER TARBALL [FOLDER OF A DEPENDENCY IT NEEDS]...
+# The result is WORK_FOLDER/out. TARBALL is empty for what an installed package brings.
+set -euo pipefail
+recipes=$(cd "$(dirname "$0")" && pwd)
+
+name=$1 work=$2 tarball=$3 needed=("${@:4}")
+src=$work/src build=$work/build out=$work/out
+mkdir -p "$src" "$build" "$out"
+
+# Configures, builds and installs a source folder with CMake: cmake_install FOLDER [ARGUMENT]...
+cmake_install() {
+  local found
+  found=$(IFS=';'; echo "${needed[*]}")
+  # Nothing of this machine's own libraries is to be found.
+  PKG_CONFIG_LIBDIR=/nowhere cmake -S "$1" -B "$build" -G Ninja \
+    --toolchain "$recipes/../../cmake/windows_toolchain.cmake" \
+    -DWINDOWS_PREFIX="$found" -DCMAKE_INSTALL_PREFIX="$out" -DCMAKE_INSTALL_LIBDIR=lib \
+    -DCMAKE_BUILD_TYPE=Release -DCMAKE_C_FLAGS_RELEASE="-O2 -DNDEBUG" \
+    -DCMAKE_CXX_FLAGS_RELEASE="-O2 -DNDEBUG" "${@:2}"
+  nice cmake --build "$build" --target "${target:-install}"
+}
+
+[ -z "$tarball" ] || tar -xf "$tarball" -C "$src" --strip-components=1
+source "$recipes/$name.sh"
+build
+
+# The folder moves to its place when it is whole, so nothing may name it.
+rm -rf "$out/lib/pkgconfig"

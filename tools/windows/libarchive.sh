@@ -1,0 +1,14 @@
+# libarchive with gzip and no other compression, cipher or tool. zlib is Debian's for mingw-w64.
+source=libarchive
+version=3.6.2
+sha256=9e2c1b80d5fbe59b61308fdfab6c79b5021d7ff4ff2489fb12daf0a96a83551d
+packages=(libz-mingw-w64-dev)
+
+build() {
+  local off=() name
+  for name in ACL BZip2 CAT CNG CPIO EXPAT ICONV LIBB2 LIBXML2 LZ4 LZMA LZO MBEDTLS NETTLE OPENSSL \
+              PCREPOSIX TAR TEST XATTR ZSTD; do
+    off+=("-DENABLE_$name=OFF")
+  done
+  cmake_install "$src" -DCMAKE_C_FLAGS=-w -DENABLE_WERROR=OFF -DZLIB_LIBRARY=/usr/x86_64-w64-mingw32/lib/libz.a "${off[@]}"
+}
