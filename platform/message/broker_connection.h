@@ -6,8 +6,9 @@
 
 namespace message {
 
-/// Where the broker of this user serves: sysdiagnose.sock in the user's runtime folder. Throws
-/// std::runtime_error when that folder is not the user's own.
+/// Where the broker of this user serves: on Linux sysdiagnose.sock in the user's runtime folder, on
+/// Windows a pipe named after the user and the session. Throws std::runtime_error when that folder
+/// is not the user's own, or when the system does not tell who the user is.
 UTIL_API std::filesystem::path DefaultBrokerSocket();
 
 /// From now on the clients of this process exchange messages with other processes through the
