@@ -6,9 +6,11 @@ include_directories(${CMAKE_SOURCE_DIR})
 # Code for one operating system lies in folders of this name.
 if(WIN32)
   set(SYSTEM_FOLDER windows)
+  set(OTHER_SYSTEM_FOLDER linux)
   add_compile_definitions(WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)  # Windows 10
 else()
   set(SYSTEM_FOLDER linux)
+  set(OTHER_SYSTEM_FOLDER windows)
 endif()
 
 # Log lines name source files by their place in the project.

@@ -5,15 +5,13 @@
 #include <random>
 #include <stdexcept>
 
-#include "common/text.h"
-
 namespace common {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string Utf8Of(const fs::path& path) {
-  const std::u8string text = path.u8string();
+std::string Utf8Of(fs::path path) {
+  const std::u8string text = path.make_preferred().u8string();
   return {text.begin(), text.end()};
 }
 
@@ -41,7 +39,7 @@ std::string ReadFile(const std::filesystem::path& file, std::size_t limit) {
     content.append(block, 0, static_cast<std::size_t>(stream.gcount()));
   }
   if (stream.bad() || !stream.is_open() || std::filesystem::is_directory(file))
-    throw std::runtime_error("cannot open file " + WideToUtf8(file.wstring()));
+    throw std::runtime_error("cannot open file " + Utf8Of(file));
   content.resize(std::min(content.size(), limit + 1));
   return content;
 }

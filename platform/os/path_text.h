@@ -6,9 +6,10 @@
 
 namespace os {
 
-/// The path in UTF-8, for messages and for libraries that take paths so.
-inline std::string PathText(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
+/// The path in UTF-8 with the separators of the system, for messages and for libraries that take
+/// paths so.
+inline std::string PathText(std::filesystem::path path) {
+  const std::u8string text = path.make_preferred().u8string();
   return {text.begin(), text.end()};
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/os/path_text.h"
 #include "tests/cli/program.h"
 #include "tests/support/temporary_folder.h"
 
@@ -25,10 +26,10 @@ class ConfigurationTest : public testing::Test {
   }
 
   Outcome Run(const std::string& command) const {
-    Outcome outcome =
-        RunProgram({"--json", "--lang", "ids", "--machine", folder.path / "machine.json",
-                    "--data-dir", folder.path / "data", "--app-dir", folder.path / "app",
-                    "--system-root", folder.path / "system", command});
+    Outcome outcome = RunProgram(
+        {"--json", "--lang", "ids", "--machine", (folder.path / "machine.json").string(),
+         "--data-dir", (folder.path / "data").string(), "--app-dir", (folder.path / "app").string(),
+         "--system-root", (folder.path / "system").string(), command});
     EXPECT_EQ(outcome.exitStatus, 0);
     EXPECT_EQ(outcome.errors, "");
     return outcome;
@@ -62,7 +63,7 @@ std::string Nested(int depth) {
 }
 
 TEST_F(ConfigurationTest, AnUnusableListOffersNothingAndSaysSoInTheLogAlone) {
-  const std::string file = list;
+  const std::string file = os::PathText(list);
   const struct {
     const char* name;
     std::string text;  // none: no file

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/os/path_text.h"
 #include "tests/cli/program.h"
 #include "tests/support/temporary_folder.h"
 
@@ -12,13 +13,13 @@ class ExitStatusTest : public testing::Test {
   // Words for a machine file with this text.
   std::vector<std::string> Machine(const std::string& text) const {
     WriteText(folder.path / "machine.json", text);
-    return {"--machine", folder.path / "machine.json"};
+    return {"--machine", (folder.path / "machine.json").string()};
   }
 
   std::vector<std::string> Words(const std::vector<std::string>& machine,
                                  const std::vector<std::string>& command) const {
     std::vector<std::string> words{"--json", "--capture",  "--lang",
-                                   "ids",    "--data-dir", folder.path / "data"};
+                                   "ids",    "--data-dir", (folder.path / "data").string()};
     words.insert(words.end(), machine.begin(), machine.end());
     words.insert(words.end(), command.begin(), command.end());
     return words;
@@ -41,8 +42,8 @@ std::vector<std::string> Lines(const std::string& text) {
 }
 
 TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
-  const std::string file = folder.path / "machine.json";
-  const std::string data = folder.path / "data";
+  const std::string file = os::PathText(folder.path / "machine.json");
+  const std::string data = os::PathText(folder.path / "data");
   WriteText(folder.path / "plain", "");
   const struct {
     const char* machine;  // text of the machine file
@@ -61,11 +62,11 @@ TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
        "--count: Value 0 not in range 1 to 100000; see sysdiagnose --help"},
       {"{}", {"--machine", file + "\n", "list"}, file + "?: does not exist"},
       {"{}",
-       {"--machine", folder.path, "list"},
+       {"--machine", folder.path.string(), "list"},
        folder.path.string() + ": is a folder, not a file"},
       {"{}",
-       {"--data-dir", folder.path / "plain/x", "list"},
-       folder.path.string() + "/plain/x/log/sysdiagnose.log: the log cannot be written"},
+       {"--data-dir", (folder.path / "plain/x").string(), "list"},
+       os::PathText(folder.path / "plain/x/log/sysdiagnose.log") + ": the log cannot be written"},
       {"{\n \"info\": 7,\n}", {"run"}, file + ": 3:1: missing a name for object member"},
       {R"({"info":{"CDisk":{"GetCaption":["a",1]}}})",
        {"run"},

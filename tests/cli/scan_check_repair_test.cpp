@@ -32,11 +32,11 @@ class RepairCommandTest : public testing::Test {
                                    "--lang",
                                    "ids",
                                    "--data-dir",
-                                   folder.path / "data",
+                                   (folder.path / "data").string(),
                                    "--app-dir",
-                                   folder.path / "app",
+                                   (folder.path / "app").string(),
                                    "--machine",
-                                   folder.path / "machine.json"};
+                                   (folder.path / "machine.json").string()};
     words.insert(words.end(), command.begin(), command.end());
     return RunProgram(words);
   }
@@ -80,7 +80,7 @@ TEST_F(RepairCommandTest, ARunRepairsWhatWasOfferedAndStoresASecondRow) {
 }
 
 TEST_F(RepairCommandTest, TheReportTellsOfTheRepairs) {
-  const std::string file = folder.path / "report.json";
+  const std::string file = (folder.path / "report.json").string();
   Run({"run", "graphics", "--repair", "--yes", "--report", file});
   const std::string report = ReadText(file);
   EXPECT_THAT(report, HasSubstr(R"("result": "normal")"));

@@ -11,7 +11,7 @@ class TextOutputTest : public testing::Test {
  protected:
   std::string Show(const std::string& machine, const std::vector<std::string>& command) const {
     std::vector<std::string> words{"--lang", "ids",        "--machine",
-                                   machine,  "--data-dir", folder.path};
+                                   machine,  "--data-dir", folder.path.string()};
     words.insert(words.end(), command.begin(), command.end());
     const Outcome outcome = RunProgram(words);
     EXPECT_EQ(outcome.errors, "");
@@ -37,7 +37,7 @@ TEST_F(TextOutputTest, HasNoControlCharacterOfADeviceName) {
 }
 
 TEST_F(TextOutputTest, ARunNamesEveryDiskAndEveryAbnormalCategory) {
-  const std::string machine = folder.path / "machine.json";
+  const std::string machine = (folder.path / "machine.json").string();
   WriteText(machine, R"({"info":{"CDisk":{"GetCaption":["Disk \u001b[2J","Other"]}},
       "tests":{"CDiskFaultDetect::CheckHhdSmartResult":[{"flags":[0,1]},2],
                "CBatteryDetect::TestLoss":4}})");

@@ -6,6 +6,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // A new empty folder that goes away with the object.
 class TemporaryFolder {
@@ -17,9 +18,14 @@ class TemporaryFolder {
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  // Not by remove_all: on Windows it would wait for ever for a file that is still open.
   ~TemporaryFolder() {
+    namespace fs = std::filesystem;
+    std::vector<fs::path> entries = {path};
     std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
+    for (const auto& entry : fs::recursive_directory_iterator(path, ignored))
+      entries.push_back(entry.path());
+    for (; !entries.empty(); entries.pop_back()) fs::remove(entries.back(), ignored);
   }
 
   const std::filesystem::path path;
