@@ -26,7 +26,7 @@ Dir::Etc::sourcelist "$apt/sources.list";
 Dir::Etc::sourceparts "-";
 Dir::State::lists "$apt/lists";
 Dir::Cache "$apt";
-APT::Sandbox::User "";
+APT::Sandbox::User "root";
 Acquire::Retries "2";
 Acquire::http::Timeout "20";
 Acquire::https::Timeout "20";
@@ -36,7 +36,7 @@ CONF
 
 # The Debian version whose upstream part is ours.
 debian_version() {
-  apt-cache -c "$apt/apt.conf" showsrc --only-source "$source" 2>/dev/null |
+  { apt-cache -c "$apt/apt.conf" showsrc --only-source "$source" 2>/dev/null || true; } |
     sed -nE "s/^Version: (([0-9]+:)?${version//./\\.}-.*)/\1/p" | sort -V | tail -n 1
 }
 

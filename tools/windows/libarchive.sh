@@ -10,5 +10,9 @@ build() {
               PCREPOSIX TAR TEST XATTR ZSTD; do
     off+=("-DENABLE_$name=OFF")
   done
-  cmake_install "$src" -DCMAKE_C_FLAGS=-w -DENABLE_WERROR=OFF -DZLIB_LIBRARY=/usr/x86_64-w64-mingw32/lib/libz.a "${off[@]}"
+  target=archive cmake_install "$src" -DCMAKE_C_FLAGS=-w -DENABLE_WERROR=OFF \
+    -DZLIB_LIBRARY=/usr/x86_64-w64-mingw32/lib/libz.a "${off[@]}"
+  install -D -t "$out/bin" "$build/bin/libarchive.dll"
+  install -D -m 644 -t "$out/lib" "$build/libarchive/libarchive.dll.a"
+  install -D -m 644 -t "$out/include" "$src"/libarchive/archive{,_entry}.h
 }
