@@ -49,22 +49,25 @@ fail() {
   exit 3
 }
 
-tarball_in "$folder" && exit 0
+download() {
+  local revision
+  [ -d "$apt" ] || open_archive
+  revision=$(debian_version)
+  [ -n "$revision" ] || fail "$apt/update.log" "not in the source lists of the archive"
+  (cd "$apt/get" && apt-get -c "$apt/apt.conf" source -q --download-only --tar-only --only-source \
+    "$source=$revision") >"$apt/get.log" 2>&1 || true
+  tarball=$(tarball_in "$apt/get") || fail "$apt/get.log" "the download of $revision failed"
+}
 
-[ -d "$apt" ] || open_archive
-revision=$(debian_version)
-[ -n "$revision" ] || fail "$apt/update.log" "the archive's source lists have no such version"
-
-cd "$apt/get"
-apt-get -c "$apt/apt.conf" source -q --download-only --tar-only --only-source "$source=$revision" \
-  >"$apt/get.log" 2>&1 || true
-tarball=$(tarball_in .) || fail "$apt/get.log" "the download of $revision failed"
-
+tarball=$(tarball_in "$folder") || download
 sum=$(sha256sum "$tarball" | cut -d ' ' -f 1)
 if [ "$sum" != "$sha256" ]; then
   echo "$(basename "$tarball") has the SHA-256 $sum, expected is $sha256" >&2
+  rm "$tarball"
   exit 1
 fi
-mkdir -p "$folder"
-mv "$tarball" "$folder"
+if [ "$(dirname "$tarball")" != "$folder" ]; then
+  mkdir -p "$folder"
+  mv "$tarball" "$folder"
+fi
 tarball_in "$folder"

@@ -1,5 +1,5 @@
 # libarchive with gzip and no other compression, cipher or tool. zlib is Debian's for mingw-w64.
-source=libarchive
+source_package=libarchive
 version=3.6.2
 sha256=9e2c1b80d5fbe59b61308fdfab6c79b5021d7ff4ff2489fb12daf0a96a83551d
 packages=(libz-mingw-w64-dev)
