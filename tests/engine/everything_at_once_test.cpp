@@ -13,6 +13,7 @@
 #include "sysdiagnose/records/message_ids.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/in_force.h"
+#include "tests/support/process_counts.h"
 
 namespace orv::sysdiagnose {
 namespace {
@@ -71,10 +72,6 @@ void WarmUp() {
   concurrency::wait_until_idle();
 }
 
-std::ptrdiff_t Entries(const char* folder) {
-  return std::distance(std::filesystem::directory_iterator(folder), {});
-}
-
 TEST(EverythingAtOnce, AScanARunAQuietRunAndMessagesDoNotDisturbEachOther) {
   const InForce inForce(kMachine);
   inForce.WriteConfig("SysdiagnoseList.xml", kList);
@@ -106,8 +103,7 @@ TEST(EverythingAtOnce, AThousandStartsCancelledOrTornDownAtOnceLeaveNothing) {
   inForce.WriteConfig("SysdiagnoseList.xml", kList);
   FakeClock clock(1000);
   WarmUp();
-  std::ptrdiff_t threads = 0;
-  std::ptrdiff_t handles = 0;
+  ProcessCounts early{};
   for (int round = 0; round < 1000; ++round) {
     {
       DiagnoseEngine engine;
@@ -124,12 +120,9 @@ TEST(EverythingAtOnce, AThousandStartsCancelledOrTornDownAtOnceLeaveNothing) {
     }
     concurrency::wait_until_idle();
     message::WaitUntilDelivered();
-    if (round != 10) continue;
-    threads = Entries("/proc/self/task");
-    handles = Entries("/proc/self/fd");
+    if (round == 10) early = ProcessCounts::Now();
   }
-  EXPECT_EQ(Entries("/proc/self/task"), threads);
-  EXPECT_EQ(Entries("/proc/self/fd"), handles);
+  EXPECT_EQ(ProcessCounts::Now(), early);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "tests/plugins_manager/process_counts.h"
+#include "tests/support/process_counts.h"
 
 #include <windows.h>
 
