@@ -119,7 +119,7 @@ StartedProcess StartProcess(const std::vector<std::string>& words, HANDLE output
   std::wstring line = CommandLineOf(words);
   PROCESS_INFORMATION information{};
   if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE,
-                     EXTENDED_STARTUPINFO_PRESENT | CREATE_NO_WINDOW | CREATE_SUSPENDED |
+                     EXTENDED_STARTUPINFO_PRESENT | DETACHED_PROCESS | CREATE_SUSPENDED |
                          CREATE_NEW_PROCESS_GROUP,
                      nullptr, nullptr, &start.StartupInfo, &information) == 0)
     return {};

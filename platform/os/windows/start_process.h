@@ -15,7 +15,7 @@ struct StartedProcess {
   Handle job;      // of the process and all that it starts; none of them outlives the job
 };
 
-/// Starts a program found in the search path (never in the current folder) without a window and
+/// Starts a program found in the search path (never in the current folder) without a console and
 /// without input. It inherits nothing but the handles given here, which must be inheritable; a
 /// null one stands for nothing written.
 StartedProcess StartProcess(const std::vector<std::string>& words, HANDLE output, HANDLE errors);
