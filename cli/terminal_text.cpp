@@ -44,11 +44,12 @@ std::string Printable(const std::wstring& text) {
 }
 
 std::size_t Columns(const std::wstring& text) {
-  std::size_t columns = text.size();
-  for (const wchar_t wide : text) {
-    const auto c = static_cast<char32_t>(wide);
-    columns += std::any_of(kWide.begin(), kWide.end(),
-                           [c](const Range& range) { return c >= range.first && c <= range.last; });
+  std::size_t columns = 0;
+  for (const char32_t c : common::WideToUtf32(text)) {
+    const bool isWide = std::any_of(kWide.begin(), kWide.end(), [c](const Range& range) {
+      return c >= range.first && c <= range.last;
+    });
+    columns += isWide ? 2 : 1;
   }
   return columns;
 }

@@ -12,7 +12,7 @@ endif()
 set(SEARCHED_PREFIX ${WINDOWS_PREFIX} CACHE INTERNAL "")
 
 # What programs need beside them: the shared libraries, those of the compiler, the data of ICU.
-file(GLOB runtime_files CONFIGURE_DEPENDS ${WINDOWS_PREFIX}/bin/*.dll ${WINDOWS_PREFIX}/share/icu/*.dat)
+file(GLOB runtime_files ${WINDOWS_PREFIX}/bin/*.dll ${WINDOWS_PREFIX}/share/icu/*.dat)
 foreach(library libstdc++-6.dll libgcc_s_seh-1.dll libssp-0.dll libwinpthread-1.dll)
   execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library}
                   OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)

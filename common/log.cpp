@@ -2,7 +2,6 @@
 
 #include <log4cxx/helpers/loglog.h>
 
-#include <cstdint>
 #include <exception>
 
 #include "common/text.h"
@@ -13,8 +12,7 @@ std::string OneLine(std::wstring_view text) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string line;
   line.reserve(text.size());
-  for (const wchar_t wide : text) {
-    const auto c = static_cast<std::uint32_t>(wide);
+  for (const char32_t c : WideToUtf32(text)) {
     if (c >= 0x20 && c < 0x7F) {
       line.push_back(static_cast<char>(c));
       continue;

@@ -131,6 +131,13 @@ std::string WideToUtf8(std::wstring_view text) {
   return narrow;
 }
 
+std::u32string WideToUtf32(std::wstring_view text) {
+  std::u32string codePoints;
+  codePoints.reserve(text.size());
+  while (!text.empty()) codePoints.push_back(TakeWide(text));
+  return codePoints;
+}
+
 std::u16string WideToUtf16(std::wstring_view text) {
   std::u16string units;
   units.reserve(text.size());

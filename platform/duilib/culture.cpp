@@ -70,9 +70,8 @@ UICulture* UICulture::GetInstance() {
 void UICulture::SetLanguage(const std::string& language, const std::filesystem::path& resources) {
   const auto folder = resources / "culture";
   auto fresh = std::make_unique<Table>();
-  std::call_once(fresh->loaded, [&] {
-    fresh->texts = language == kIdsLanguage ? IdTexts(folder) : ReadWithFallback(folder, language);
-  });
+  fresh->texts = language == kIdsLanguage ? IdTexts(folder) : ReadWithFallback(folder, language);
+  std::call_once(fresh->loaded, [] {});  // what throws in there may leave a flag locked
   table = std::move(fresh);
 }
 

@@ -1,5 +1,5 @@
 # APR, what log4cxx stands on. Static: it becomes part of log4cxx's library.
-source=apr
+source_package=apr
 version=1.7.2
 sha256=75e77cc86776c030c0a5c408dfbd0bf2a0b75eed5351e52d5439fa1e5509a43e
 

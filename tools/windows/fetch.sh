@@ -26,7 +26,7 @@ Dir::Etc::sourcelist "$apt/sources.list";
 Dir::Etc::sourceparts "-";
 Dir::State::lists "$apt/lists";
 Dir::Cache "$apt";
-APT::Sandbox::User "";
+APT::Sandbox::User "root";
 Acquire::Retries "2";
 Acquire::http::Timeout "20";
 Acquire::https::Timeout "20";
@@ -36,7 +36,7 @@ CONF
 
 # The Debian version whose upstream part is ours.
 debian_version() {
-  apt-cache -c "$apt/apt.conf" showsrc --only-source "$source" 2>/dev/null |
+  { apt-cache -c "$apt/apt.conf" showsrc --only-source "$source" 2>/dev/null || true; } |
     sed -nE "s/^Version: (([0-9]+:)?${version//./\\.}-.*)/\1/p" | sort -V | tail -n 1
 }
 
@@ -49,22 +49,25 @@ fail() {
   exit 3
 }
 
-tarball_in "$folder" && exit 0
+download() {
+  local revision
+  [ -d "$apt" ] || open_archive
+  revision=$(debian_version)
+  [ -n "$revision" ] || fail "$apt/update.log" "not in the source lists of the archive"
+  (cd "$apt/get" && apt-get -c "$apt/apt.conf" source -q --download-only --tar-only --only-source \
+    "$source=$revision") >"$apt/get.log" 2>&1 || true
+  tarball=$(tarball_in "$apt/get") || fail "$apt/get.log" "the download of $revision failed"
+}
 
-[ -d "$apt" ] || open_archive
-revision=$(debian_version)
-[ -n "$revision" ] || fail "$apt/update.log" "the archive's source lists have no such version"
-
-cd "$apt/get"
-apt-get -c "$apt/apt.conf" source -q --download-only --tar-only --only-source "$source=$revision" \
-  >"$apt/get.log" 2>&1 || true
-tarball=$(tarball_in .) || fail "$apt/get.log" "the download of $revision failed"
-
+tarball=$(tarball_in "$folder") || download
 sum=$(sha256sum "$tarball" | cut -d ' ' -f 1)
 if [ "$sum" != "$sha256" ]; then
   echo "$(basename "$tarball") has the SHA-256 $sum, expected is $sha256" >&2
+  rm "$tarball"
   exit 1
 fi
-mkdir -p "$folder"
-mv "$tarball" "$folder"
+if [ "$(dirname "$tarball")" != "$folder" ]; then
+  mkdir -p "$folder"
+  mv "$tarball" "$folder"
+fi
 tarball_in "$folder"

@@ -1,9 +1,8 @@
 # log4cxx, shared, so that all libraries of a process have one tree of loggers. Without what would
 # read XML, open sockets or talk to databases: expat and APR-util drop out with it.
-source=log4cxx
+source_package=log4cxx
 version=1.5.0
 sha256=aa23f47c3164aa2cf848c2258b4b4bc372e7964d4a3ed47c2b4a4a915c5dfa37
-suite=unstable
 needs=(apr)
 
 build() {

@@ -1,5 +1,5 @@
 # SQLiteCpp with the SQLite that its release carries.
-source=sqlitecpp
+source_package=sqlitecpp
 version=3.2.1
 sha256=70c67d5680c47460f82a7abf8e6b0329bf2fb10795a982a6d8abc06adb42d693
 
