@@ -45,7 +45,7 @@ class Channel {
 std::unique_ptr<os::ChildProcess> StartService(const Arguments& arguments, const fs::path& socket) {
   std::vector<std::string> command = {os::PathText(os::ExecutableFolder() / "companion-service"),
                                       "--data-dir", os::PathText(os::DataFolder()), "--socket",
-                                      os::PathText(fs::absolute(socket))};
+                                      os::PathText(socket)};
   if (!arguments.machineFile.empty())
     command.insert(command.end(), {"--machine", os::PathText(fs::absolute(arguments.machineFile))});
   return std::make_unique<os::ChildProcess>(command);
