@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "common/xml_document.h"
+#include "platform/os/path_text.h"
 #include "tests/support/in_force.h"
 
 namespace orv::sysdiagnose {
@@ -97,7 +98,7 @@ TEST(DetectItems, FaultsOfTheFileReachTheCallerAMissingFileDoesNot) {
     XmlHelper::GetDetectItems(items);
     FAIL();
   } catch (const std::runtime_error& error) {
-    EXPECT_EQ(error.what(), "cannot open file " + file.string());
+    EXPECT_EQ(error.what(), "cannot open file " + os::PathText(file));
   }
 }
 

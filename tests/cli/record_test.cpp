@@ -29,6 +29,14 @@ std::vector<std::string> Behaviour(const Program& program, const std::string& ma
   return lines;
 }
 
+// "#" and twelve hexadecimal digits for a value.
+bool ShowsAHash(const std::string& line) {
+  const std::string opening = "\"value\":\"#";
+  const std::size_t begin = line.find(opening) + opening.size();
+  return line.find(opening) != std::string::npos &&
+         line.find_first_not_of("0123456789abcdef", begin) == begin + 12 && line[begin + 12] == '"';
+}
+
 std::vector<std::string> NamesIn(const std::filesystem::path& folder) {
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(folder))
@@ -56,7 +64,7 @@ TEST(RecordTest, ARecordingDiffersFromItsMachineInHashesAlone) {
   int hashes = 0;
   for (std::size_t i = 0; i < original.size(); ++i) {
     if (replayed[i] == original[i]) continue;
-    EXPECT_THAT(replayed[i], testing::ContainsRegex("\"value\":\"#[0-9a-f]{12}\""));
+    EXPECT_TRUE(ShowsAHash(replayed[i])) << replayed[i];
     ++hashes;
   }
   EXPECT_EQ(hashes, 5);  // board, two memory modules, disk, wireless adapter

@@ -37,11 +37,11 @@ TEST(BIReport, AShortTestHasEmptyTextsAndEachStartBeginsAnew) {
   report.StopAndReport();
   const std::string events = ReadText(inForce.folder.path / "data/events.jsonl");
   const auto split = events.find('\n');
-  EXPECT_THAT(events.substr(0, split),
-              testing::ContainsRegex(
-                  R"re("id":624000009,"payload":"\{\\"CpuUsage\\":\\"[0-9]+(\|[0-9]+)*\\",)re"
-                  R"re(\\"CpuClock\\":\\"[0-9]+(\|[0-9]+)*\\",)re"
-                  R"re(\\"DeviceTemper\\":\\"0(\|0)*\\"\}")re"));
+  EXPECT_THAT(events.substr(0, split), testing::HasSubstr(R"(\"DeviceTemper\":\"0)"));
+  std::string shape = events.substr(0, split);
+  std::erase_if(shape, [](char c) { return c == '|' || (c >= '0' && c <= '9'); });
+  EXPECT_THAT(shape, testing::HasSubstr(
+                         R"("{\"CpuUsage\":\"\",\"CpuClock\":\"\",\"DeviceTemper\":\"\"}")"));
   EXPECT_THAT(
       events.substr(split + 1),
       testing::HasSubstr(R"("{\"CpuUsage\":\"\",\"CpuClock\":\"\",\"DeviceTemper\":\"\"}")"));
