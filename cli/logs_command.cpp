@@ -14,6 +14,7 @@
 #include "platform/message/broker_connection.h"
 #include "platform/os/child_process.h"
 #include "platform/os/clock.h"
+#include "platform/os/folder_entries.h"
 #include "platform/os/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/os/reveal.h"
@@ -53,9 +54,8 @@ std::unique_ptr<os::ChildProcess> StartService(const Arguments& arguments, const
 
 std::set<fs::path> Archives() {
   std::set<fs::path> archives;
-  std::error_code error;
-  for (const auto& entry : fs::directory_iterator(os::DataFolder() / "outbox", error))
-    if (entry.path().extension() == ".gz") archives.insert(entry.path());
+  for (const fs::path& file : os::EntriesOf(os::DataFolder() / "outbox"))
+    if (file.extension() == ".gz") archives.insert(file);
   return archives;
 }
 

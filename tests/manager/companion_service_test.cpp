@@ -11,6 +11,7 @@
 #include "platform/message/broker.h"
 #include "platform/message/ipc_message_client.h"
 #include "platform/os/child_process.h"
+#include "platform/os/folder_entries.h"
 #include "platform/os/path_text.h"
 #include "tests/cli/program.h"
 #include "tests/support/temporary_folder.h"
@@ -30,6 +31,11 @@ class CompanionServiceTest : public testing::Test {
   CompanionServiceTest() {
     WriteText(machine, R"({"info": {"CMemory": {"GetSerialNumberbyIndex": ["SN-47110815"]},
         "CNetworkAdapter": {"GetMacAddressbyIndex": ["02:42:AC:11:00:02"]}}})");
+  }
+  // What removes the folder would not find its way into the deep one.
+  ~CompanionServiceTest() override {
+    std::error_code ignored;
+    fs::rename(deep, folder.path / "shallow", ignored);
   }
 
   void WriteLogs() const {
@@ -65,16 +71,11 @@ class CompanionServiceTest : public testing::Test {
         os::PathText(data), "--socket", os::PathText(socket)});
   }
 
-  std::vector<fs::path> Outbox() const {
-    std::vector<fs::path> files;
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(data / "outbox", error))
-      files.push_back(entry.path());
-    return files;
-  }
+  std::vector<fs::path> Outbox() const { return os::EntriesOf(data / "outbox"); }
 
   const TemporaryFolder folder;
-  const fs::path data = folder.path / "data";
+  const fs::path deep = folder.path / std::string(240, 'd');  // beyond 260 characters with the rest
+  const fs::path data = deep / "data";
   const fs::path socket = folder.path / "a.sock";
   const fs::path machine = folder.path / "machine.json";
 };
