@@ -14,6 +14,7 @@
 #include "platform/message/broker_connection.h"
 #include "platform/os/child_process.h"
 #include "platform/os/clock.h"
+#include "platform/os/folder_entries.h"
 #include "platform/os/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/os/reveal.h"
@@ -45,7 +46,7 @@ class Channel {
 std::unique_ptr<os::ChildProcess> StartService(const Arguments& arguments, const fs::path& socket) {
   std::vector<std::string> command = {os::PathText(os::ExecutableFolder() / "companion-service"),
                                       "--data-dir", os::PathText(os::DataFolder()), "--socket",
-                                      os::PathText(fs::absolute(socket))};
+                                      os::PathText(socket)};
   if (!arguments.machineFile.empty())
     command.insert(command.end(), {"--machine", os::PathText(fs::absolute(arguments.machineFile))});
   return std::make_unique<os::ChildProcess>(command);
@@ -53,9 +54,8 @@ std::unique_ptr<os::ChildProcess> StartService(const Arguments& arguments, const
 
 std::set<fs::path> Archives() {
   std::set<fs::path> archives;
-  std::error_code error;
-  for (const auto& entry : fs::directory_iterator(os::DataFolder() / "outbox", error))
-    if (entry.path().extension() == ".gz") archives.insert(entry.path());
+  for (const fs::path& file : os::EntriesOf(os::DataFolder() / "outbox"))
+    if (file.extension() == ".gz") archives.insert(file);
   return archives;
 }
 

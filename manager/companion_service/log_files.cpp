@@ -11,6 +11,7 @@
 #include "manager/companion_service/log_archive.h"
 #include "platform/machine/machine.h"
 #include "platform/os/clock.h"
+#include "platform/os/folder_entries.h"
 #include "platform/os/path_text.h"
 
 namespace companion {
@@ -38,9 +39,8 @@ LogFiles::LogFiles(fs::path dataFolder)
 
 std::vector<LogFile> LogFiles::Ready() const {
   std::vector<LogFile> files;
-  std::error_code error;
-  for (const auto& entry : fs::directory_iterator(folder / "log", error))
-    if (HasContent(entry.path())) files.push_back({LogModule::Programs, entry.path()});
+  for (const fs::path& file : os::EntriesOf(folder / "log"))
+    if (HasContent(file)) files.push_back({LogModule::Programs, file});
   std::sort(files.begin(), files.end(),
             [](const LogFile& left, const LogFile& right) { return left.file < right.file; });
   const fs::path events = folder / "events.jsonl";
