@@ -9,13 +9,13 @@
 #include "cli/json_line.h"
 #include "cli/log_talk.h"
 #include "cli/terminal_text.h"
+#include "common/path_text.h"
 #include "common/text.h"
 #include "platform/message/broker.h"
 #include "platform/message/broker_connection.h"
 #include "platform/os/child_process.h"
 #include "platform/os/clock.h"
 #include "platform/os/folder_entries.h"
-#include "platform/os/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/os/reveal.h"
 
@@ -44,11 +44,12 @@ class Channel {
 };
 
 std::unique_ptr<os::ChildProcess> StartService(const Arguments& arguments, const fs::path& socket) {
-  std::vector<std::string> command = {os::PathText(os::ExecutableFolder() / "companion-service"),
-                                      "--data-dir", os::PathText(os::DataFolder()), "--socket",
-                                      os::PathText(socket)};
+  std::vector<std::string> command = {
+      common::PathText(os::ExecutableFolder() / "companion-service"), "--data-dir",
+      common::PathText(os::DataFolder()), "--socket", common::PathText(socket)};
   if (!arguments.machineFile.empty())
-    command.insert(command.end(), {"--machine", os::PathText(fs::absolute(arguments.machineFile))});
+    command.insert(command.end(),
+                   {"--machine", common::PathText(fs::absolute(arguments.machineFile))});
   return std::make_unique<os::ChildProcess>(command);
 }
 
@@ -87,11 +88,11 @@ int Upload(const Arguments& arguments, LogTalk& talk) {
     throw std::runtime_error("the logs were not packed; see the log in the data folder");
   }
   if (arguments.json)
-    JsonLine("archive").Add("file", os::PathText(archive));
+    JsonLine("archive").Add("file", common::PathText(archive));
   else
-    std::printf("Packed for upload: %s\n", os::PathText(archive).c_str());
+    std::printf("Packed for upload: %s\n", common::PathText(archive).c_str());
   if (arguments.showArchive && !os::RevealInFolder(archive))
-    throw std::runtime_error(os::PathText(archive) + ": its folder cannot be shown");
+    throw std::runtime_error(common::PathText(archive) + ": its folder cannot be shown");
   return kAllNormal;
 }
 

@@ -3,8 +3,8 @@
 #include "cli/commands.h"
 #include "cli/json_line.h"
 #include "common/file.h"
+#include "common/path_text.h"
 #include "platform/machine/recorder.h"
-#include "platform/os/path_text.h"
 #include "sysdiagnose/environment/product_version.h"
 
 namespace cli {
@@ -22,7 +22,7 @@ std::wstring ProductVersion() {
 void RequireNew(const std::filesystem::path& file) {
   std::error_code error;
   if (std::filesystem::exists(std::filesystem::symlink_status(file, error)))
-    throw UsageError(os::PathText(file) + ": exists already; --force replaces it");
+    throw UsageError(common::PathText(file) + ": exists already; --force replaces it");
 }
 
 }  // namespace
@@ -39,9 +39,9 @@ int RunRecording(const Arguments& arguments) {
   common::ReplaceFile(file, machine::RecordMachine(machine::Current(), request));
 
   if (arguments.json)
-    JsonLine("recorded").Add("file", os::PathText(file));
+    JsonLine("recorded").Add("file", common::PathText(file));
   else
-    std::printf("Recorded the machine in %s.\n", os::PathText(file).c_str());
+    std::printf("Recorded the machine in %s.\n", common::PathText(file).c_str());
   return kAllNormal;
 }
 

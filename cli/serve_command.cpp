@@ -5,10 +5,10 @@
 #include "cli/commands.h"
 #include "cli/interruptible.h"
 #include "cli/json_line.h"
+#include "common/path_text.h"
 #include "platform/message/broker.h"
 #include "platform/message/broker_connection.h"
 #include "platform/os/clock.h"
-#include "platform/os/path_text.h"
 
 namespace cli {
 
@@ -23,9 +23,9 @@ int RunServe(const Arguments& arguments) {
   interruptible.Cancels([&endAsked] { endAsked = true; });
   const message::Broker broker(socket);
   if (arguments.json) {
-    JsonLine("serving").Add("socket", os::PathText(socket));
+    JsonLine("serving").Add("socket", common::PathText(socket));
   } else {
-    std::printf("Relaying messages at %s until Ctrl-C.\n", os::PathText(socket).c_str());
+    std::printf("Relaying messages at %s until Ctrl-C.\n", common::PathText(socket).c_str());
     std::fflush(stdout);
   }
   while (!endAsked) os::CurrentClock().Sleep(std::chrono::milliseconds(50));

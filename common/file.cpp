@@ -5,15 +5,12 @@
 #include <random>
 #include <stdexcept>
 
+#include "common/path_text.h"
+
 namespace common {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Utf8Of(fs::path path) {
-  const std::u8string text = path.make_preferred().u8string();
-  return {text.begin(), text.end()};
-}
 
 fs::path LinkTarget(const fs::path& file) {
   std::error_code error;
@@ -39,14 +36,14 @@ std::string ReadFile(const std::filesystem::path& file, std::size_t limit) {
     content.append(block, 0, static_cast<std::size_t>(stream.gcount()));
   }
   if (stream.bad() || !stream.is_open() || std::filesystem::is_directory(file))
-    throw std::runtime_error("cannot open file " + Utf8Of(file));
+    throw std::runtime_error("cannot open file " + PathText(file));
   content.resize(std::min(content.size(), limit + 1));
   return content;
 }
 
 void ReplaceFile(const fs::path& file, std::string_view content) {
   const auto fail = [&file](const std::string& reason) {
-    throw std::runtime_error(Utf8Of(file) + ": " + reason);
+    throw std::runtime_error(PathText(file) + ": " + reason);
   };
   const fs::path target = LinkTarget(file);
   std::error_code error;
@@ -65,9 +62,9 @@ void ReplaceFile(const fs::path& file, std::string_view content) {
 }
 
 std::filesystem::path BackslashPath(std::string_view path) {
-  std::u8string native(path.begin(), path.end());
-  std::replace(native.begin(), native.end(), u8'\\', u8'/');
-  return native;
+  std::string native(path);
+  std::replace(native.begin(), native.end(), '\\', '/');
+  return TextPath(native);
 }
 
 }  // namespace common

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <string>
 
+#include "common/path_text.h"
+
 namespace common {
 
 /// An option of a program's command line that takes a path, in UTF-8.
@@ -12,9 +14,7 @@ inline CLI::Option* AddPathOption(CLI::App& command, const std::string& name,
                                   const std::string& typeName = "FILE") {
   return command
       .add_option_function<std::string>(
-          name,
-          [&path](const std::string& text) { path = std::u8string(text.begin(), text.end()); },
-          description)
+          name, [&path](const std::string& text) { path = TextPath(text); }, description)
       ->type_name(typeName);
 }
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "common/log.h"
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 
 namespace companion {
 namespace {
@@ -24,7 +24,7 @@ std::vector<std::uint8_t> ListBody(const std::vector<LogFile>& files) {
   AddNumber(body, 1);
   AddNumber(body, static_cast<std::uint32_t>(files.size()));
   for (const LogFile& log : files) {
-    const std::string path = os::PathText(log.file);
+    const std::string path = common::PathText(log.file);
     AddNumber(body, static_cast<std::uint32_t>(log.module));
     AddNumber(body, static_cast<std::uint32_t>(path.size()));
     body.insert(body.end(), path.begin(), path.end());
@@ -70,7 +70,7 @@ void CompanionService::PackOffered(const tagIPC_MESSAGE_ITEM&) {
   const std::filesystem::path archive = logs.Pack(std::exchange(offered, {}));
   logs.Discard();
   COMMON_LOG_INFO(log4cxx::Logger::getLogger("orv.companion"),
-                  "the logs are packed in " + os::PathText(archive));
+                  "the logs are packed in " + common::PathText(archive));
 }
 
 void CompanionService::DiscardProduced(const tagIPC_MESSAGE_ITEM&) {

@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "common/path_text.h"
 #include "platform/os/clock.h"
-#include "platform/os/path_text.h"
 
 namespace companion {
 namespace {
@@ -60,7 +60,7 @@ void LogArchive::Finish() {
 
 void LogArchive::Check(int result) const {
   if (result < ARCHIVE_WARN)
-    throw std::runtime_error(os::PathText(path) + ": the archive cannot be written");
+    throw std::runtime_error(common::PathText(path) + ": the archive cannot be written");
 }
 
 }  // namespace companion

@@ -8,11 +8,11 @@
 #include <string>
 #include <utility>
 
+#include "common/path_text.h"
 #include "manager/companion_service/log_archive.h"
 #include "platform/machine/machine.h"
 #include "platform/os/clock.h"
 #include "platform/os/folder_entries.h"
-#include "platform/os/path_text.h"
 
 namespace companion {
 namespace {
@@ -29,7 +29,7 @@ bool HasContent(const fs::path& file) {
 
 void CloseWhole(std::ofstream& written, const fs::path& file) {
   written.close();
-  if (!written) throw std::runtime_error(os::PathText(file) + ": the file cannot be written");
+  if (!written) throw std::runtime_error(common::PathText(file) + ": the file cannot be written");
 }
 
 }  // namespace
@@ -73,7 +73,7 @@ fs::path LogFiles::Pack(const std::vector<LogFile>& files) {
     LogArchive packing(made);
     for (const LogFile& log : files)
       if (HasContent(log.file))
-        packing.Add("logs/" + os::PathText(log.file.filename()), Hashed(log.file));
+        packing.Add("logs/" + common::PathText(log.file.filename()), Hashed(log.file));
     packing.Finish();
   } catch (...) {
     std::error_code ignored;
@@ -97,7 +97,7 @@ const machine::IdentifierMask& LogFiles::Mask() {
 
 std::string LogFiles::Hashed(const fs::path& log) {
   std::ifstream lines(log);
-  if (!lines) throw std::runtime_error(os::PathText(log) + ": the file cannot be read");
+  if (!lines) throw std::runtime_error(common::PathText(log) + ": the file cannot be read");
   std::string hashed;
   for (std::string line; std::getline(lines, line);) hashed += Mask().Apply(line) + '\n';
   return hashed;

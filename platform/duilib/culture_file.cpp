@@ -3,9 +3,9 @@
 #include <stdexcept>
 
 #include "common/file.h"
+#include "common/path_text.h"
 #include "common/text.h"
 #include "common/xml_document.h"
-#include "platform/os/path_text.h"
 
 namespace DuiLib {
 namespace {
@@ -67,7 +67,8 @@ CultureTexts ReadCulture(const std::filesystem::path& folder, const std::string&
                              "' is no language: expected letters, digits and hyphens, as in en-US");
   }
   const auto file = folder / (language + ".xml");
-  return ParseCulture(common::ReadFile(file, common::kMaxXmlSize), os::PathText(file), language);
+  return ParseCulture(common::ReadFile(file, common::kMaxXmlSize), common::PathText(file),
+                      language);
 }
 
 }  // namespace DuiLib

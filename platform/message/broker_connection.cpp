@@ -14,12 +14,12 @@
 #include <vector>
 
 #include "common/log.h"
+#include "common/path_text.h"
 #include "platform/message/client_table.h"
 #include "platform/message/delivery_queue.h"
 #include "platform/message/frame_channel.h"
 #include "platform/message/local_stream.h"
 #include "platform/message/uplink.h"
-#include "platform/os/path_text.h"
 
 namespace message {
 namespace {
@@ -41,7 +41,7 @@ std::vector<std::uint32_t> WithoutThoseIn(const Ids& ids, const Ids& excluded) {
 class Connection final : public Uplink {
  public:
   explicit Connection(const std::filesystem::path& path)
-      : socket(os::PathText(path)), address(LocalAddress(path)), retry(context) {}
+      : socket(common::PathText(path)), address(LocalAddress(path)), retry(context) {}
 
   bool Start() {
     const bool reached = TryConnect();

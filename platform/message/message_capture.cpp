@@ -7,9 +7,9 @@
 #include <stdexcept>
 
 #include "common/log.h"
+#include "common/path_text.h"
 #include "platform/message/capture_line.h"
 #include "platform/os/append_file.h"
-#include "platform/os/path_text.h"
 
 namespace message {
 namespace {
@@ -52,7 +52,7 @@ std::string HexNumber(std::uint32_t number) {
 
 void StartCapture(const std::filesystem::path& file) {
   if (!std::ofstream(file, std::ios::app))
-    throw std::runtime_error(os::PathText(file) + ": the message capture cannot be written");
+    throw std::runtime_error(common::PathText(file) + ": the message capture cannot be written");
   Capture& capture = TheCapture();
   const std::lock_guard lock(capture.mutex);
   capture.file = file;
@@ -63,7 +63,7 @@ void CaptureMessage(const tagIPC_MESSAGE_ITEM& item, const std::vector<std::uint
   const std::lock_guard lock(capture.mutex);
   if (capture.file.empty() || os::AppendLine(capture.file, CaptureLine(item, body))) return;
   COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.message"),
-                   os::PathText(capture.file) + ": message " + HexNumber(item.messageId) +
+                   common::PathText(capture.file) + ": message " + HexNumber(item.messageId) +
                        " could not be captured");
 }
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "common/path_text.h"
 #include "platform/os/module.h"
-#include "platform/os/path_text.h"
 #include "platform/os/system_paths.h"
 
 namespace os {
@@ -29,7 +29,7 @@ Folders& Set() {
 fs::path LibraryFile() {
   const std::string file =
       ModuleFileOfAddress(reinterpret_cast<const void*>(&os::InstallationFolder));
-  return file.empty() ? ExecutableFile() : fs::absolute(TextPath(file));
+  return file.empty() ? ExecutableFile() : fs::absolute(common::TextPath(file));
 }
 
 fs::path ConfigurationRoot(const fs::path& module) {

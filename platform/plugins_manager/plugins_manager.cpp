@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "common/path_text.h"
 #include "platform/os/module.h"
-#include "platform/os/path_text.h"
 #include "platform/os/process_end.h"
 
 namespace {
@@ -75,7 +75,7 @@ bool ORV_STDCALL x3UnregisterPlugin(x3::CreateFunction create) {
 }
 
 bool ORV_STDCALL x3LoadPlugin(const char* path) {
-  os::ModuleHandle module = os::LoadModule(os::TextPath(path));
+  os::ModuleHandle module = os::LoadModule(common::TextPath(path));
   if (module == nullptr) return false;
   Manager& manager = Manager::Instance();
   const std::lock_guard lock(manager.mutex);

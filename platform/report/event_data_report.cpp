@@ -9,10 +9,10 @@
 #include <string_view>
 
 #include "common/log.h"
+#include "common/path_text.h"
 #include "common/text.h"
 #include "platform/os/append_file.h"
 #include "platform/os/clock.h"
-#include "platform/os/path_text.h"
 #include "platform/os/paths.h"
 
 namespace {
@@ -68,7 +68,7 @@ bool EventDataReport::SendMsg(const tagLogInfo& message) {
   try {
     const std::filesystem::path file = os::DataFolder() / "events.jsonl";
     if (os::AppendLine(file, EventLine(message))) return true;
-    LogFailure(os::PathText(file) + ": event " + message.id + " could not be written");
+    LogFailure(common::PathText(file) + ": event " + message.id + " could not be written");
   } catch (const std::exception& error) {
     LogFailure("event " + message.id + " could not be written: " + error.what());
   }

@@ -11,7 +11,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "platform/os/utf8_locale.h"
 
 namespace util {
@@ -21,7 +21,7 @@ constexpr auto kPattern = LOG4CXX_STR("%d{yyyy-MM-dd HH:mm:ss,SSS} %-5p %c %F:%L
 
 log4cxx::LogString LogText(const std::filesystem::path& path) {
   log4cxx::LogString converted;
-  log4cxx::helpers::Transcoder::decodeUTF8(os::PathText(path), converted);
+  log4cxx::helpers::Transcoder::decodeUTF8(common::PathText(path), converted);
   return converted;
 }
 
@@ -32,7 +32,7 @@ void StartLogFile(const std::filesystem::path& folder) {
   std::error_code ignored;  // a folder that cannot be made shows as a file that cannot be opened
   std::filesystem::create_directories(folder, ignored);
   if (!std::ofstream(file, std::ios::app))
-    throw std::runtime_error(os::PathText(file) + ": the log cannot be written");
+    throw std::runtime_error(common::PathText(file) + ": the log cannot be written");
 
   const auto appender = std::make_shared<log4cxx::FileAppender>();
   appender->setLayout(std::make_shared<log4cxx::PatternLayout>(kPattern));

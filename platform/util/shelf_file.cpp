@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/util/text_helpers.h"
 
@@ -59,9 +59,9 @@ Shelf ReadShelfFile(const std::filesystem::path& file) {
   std::string json(kMaxBytes + 1, '\0');
   stream.read(json.data(), static_cast<std::streamsize>(json.size()));
   if (!stream.eof() && stream.gcount() == 0)
-    throw std::runtime_error(os::PathText(file) + ": cannot be read");
+    throw std::runtime_error(common::PathText(file) + ": cannot be read");
   json.resize(static_cast<std::size_t>(stream.gcount()));
-  return ParseShelf(json, os::PathText(file));
+  return ParseShelf(json, common::PathText(file));
 }
 
 std::filesystem::path ShelfFile() {

@@ -9,8 +9,8 @@
 #include <variant>
 
 #include "common/log.h"
+#include "common/path_text.h"
 #include "platform/os/clock.h"
-#include "platform/os/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/util/store_tables.h"
 
@@ -111,9 +111,9 @@ Store::~Store() = default;
 Store::Connections& Store::Open() {
   if (connections) return *connections;
   try {
-    connections = std::make_unique<Connections>(os::PathText(file));
+    connections = std::make_unique<Connections>(common::PathText(file));
   } catch (const SQLite::Exception& error) {
-    throw std::runtime_error(os::PathText(file) + ": " + error.what());
+    throw std::runtime_error(common::PathText(file) + ": " + error.what());
   }
   return *connections;
 }

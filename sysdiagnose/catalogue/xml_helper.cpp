@@ -5,10 +5,10 @@
 #include <cstdlib>
 
 #include "common/file.h"
+#include "common/path_text.h"
 #include "common/text.h"
 #include "common/xml_document.h"
 #include "platform/hardware_detect/hardware_detect.h"
-#include "platform/os/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/util/soft_shelf.h"
 #include "platform/util/text_helpers.h"
@@ -62,8 +62,7 @@ void XmlHelper::GetDetectItems(std::vector<tagDetectItem>& items) {
   const std::filesystem::path file = folder / common::BackslashPath(kListFile);
   if (!DE::FileExists(file)) return;
 
-  ParseDetectItems(common::ReadFile(file, common::kMaxXmlSize), os::PathText(file),
-                   items);
+  ParseDetectItems(common::ReadFile(file, common::kMaxXmlSize), common::PathText(file), items);
 }
 
 void XmlHelper::ParseDetectItems(std::string_view xml, std::string_view name,

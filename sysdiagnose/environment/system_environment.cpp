@@ -5,9 +5,9 @@
 #include <filesystem>
 
 #include "common/file.h"
+#include "common/path_text.h"
 #include "common/text.h"
 #include "common/xml_document.h"
-#include "platform/os/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/util/smbios_helper.h"
 #include "platform/util/text_helpers.h"
@@ -90,7 +90,7 @@ void SystemEnvironment::GetSupportMachineList(std::vector<MachineEntry>& list) {
   list.clear();
   try {
     const std::string xml = common::ReadFile(file, common::kMaxXmlSize);
-    if (!ParseMachineList(xml, os::PathText(file), list)) {
+    if (!ParseMachineList(xml, common::PathText(file), list)) {
       SYSDIAGNOSE_LOG_ERROR(
           "GetSupportMachineList parse xml failed!(SystemEnvironment::GetSupportMachineList)");
     }

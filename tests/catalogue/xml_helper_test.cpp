@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "common/path_text.h"
 #include "common/xml_document.h"
-#include "platform/os/path_text.h"
 #include "tests/support/in_force.h"
 
 namespace orv::sysdiagnose {
@@ -98,7 +98,7 @@ TEST(DetectItems, FaultsOfTheFileReachTheCallerAMissingFileDoesNot) {
     XmlHelper::GetDetectItems(items);
     FAIL();
   } catch (const std::runtime_error& error) {
-    EXPECT_EQ(error.what(), "cannot open file " + os::PathText(file));
+    EXPECT_EQ(error.what(), "cannot open file " + common::PathText(file));
   }
 }
 

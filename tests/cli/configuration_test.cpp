@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "tests/cli/program.h"
 #include "tests/support/temporary_folder.h"
 
@@ -63,7 +63,7 @@ std::string Nested(int depth) {
 }
 
 TEST_F(ConfigurationTest, AnUnusableListOffersNothingAndSaysSoInTheLogAlone) {
-  const std::string file = os::PathText(list);
+  const std::string file = common::PathText(list);
   const struct {
     const char* name;
     std::string text;  // none: no file

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "tests/cli/program.h"
 #include "tests/support/temporary_folder.h"
 
@@ -42,8 +42,8 @@ std::vector<std::string> Lines(const std::string& text) {
 }
 
 TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
-  const std::string file = os::PathText(folder.path / "machine.json");
-  const std::string data = os::PathText(folder.path / "data");
+  const std::string file = common::PathText(folder.path / "machine.json");
+  const std::string data = common::PathText(folder.path / "data");
   WriteText(folder.path / "plain", "");
   const struct {
     const char* machine;  // text of the machine file
@@ -66,7 +66,8 @@ TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
        folder.path.string() + ": is a folder, not a file"},
       {"{}",
        {"--data-dir", (folder.path / "plain/x").string(), "list"},
-       os::PathText(folder.path / "plain/x/log/sysdiagnose.log") + ": the log cannot be written"},
+       common::PathText(folder.path / "plain/x/log/sysdiagnose.log") +
+           ": the log cannot be written"},
       {"{\n \"info\": 7,\n}", {"run"}, file + ": 3:1: missing a name for object member"},
       {R"({"info":{"CDisk":{"GetCaption":["a",1]}}})",
        {"run"},

@@ -8,11 +8,11 @@
 #include <thread>
 #include <vector>
 
+#include "common/path_text.h"
 #include "platform/message/broker.h"
 #include "platform/message/ipc_message_client.h"
 #include "platform/os/child_process.h"
 #include "platform/os/folder_entries.h"
-#include "platform/os/path_text.h"
 #include "tests/cli/program.h"
 #include "tests/support/temporary_folder.h"
 
@@ -45,9 +45,9 @@ class CompanionServiceTest : public testing::Test {
   }
 
   Outcome Logs(std::vector<std::string> options = {}) const {
-    std::vector<std::string> arguments = {"--json",     "--machine",         os::PathText(machine),
-                                          "--data-dir", os::PathText(data),  "logs",
-                                          "--socket",   os::PathText(socket)};
+    std::vector<std::string> arguments = {
+        "--json", "--machine", common::PathText(machine), "--data-dir", common::PathText(data),
+        "logs",   "--socket",  common::PathText(socket)};
     arguments.insert(arguments.end(), options.begin(), options.end());
     return RunProgram(arguments);
   }
@@ -56,19 +56,19 @@ class CompanionServiceTest : public testing::Test {
   std::vector<std::string> LogsCommand(const std::string& option) const {
     return {APP_DIR "/sysdiagnose",
             "--machine",
-            os::PathText(machine),
+            common::PathText(machine),
             "--data-dir",
-            os::PathText(data),
+            common::PathText(data),
             "logs",
             "--socket",
-            os::PathText(socket),
+            common::PathText(socket),
             option};
   }
 
   std::unique_ptr<os::ChildProcess> StartService() const {
     return std::make_unique<os::ChildProcess>(std::vector<std::string>{
-        APP_DIR "/companion-service", "--machine", os::PathText(machine), "--data-dir",
-        os::PathText(data), "--socket", os::PathText(socket)});
+        APP_DIR "/companion-service", "--machine", common::PathText(machine), "--data-dir",
+        common::PathText(data), "--socket", common::PathText(socket)});
   }
 
   std::vector<fs::path> Outbox() const { return os::EntriesOf(data / "outbox"); }
@@ -83,7 +83,7 @@ class CompanionServiceTest : public testing::Test {
 // As it stands in JSON.
 std::string FileText(const fs::path& file) {
   std::string text;
-  for (const char character : os::PathText(file))
+  for (const char character : common::PathText(file))
     text += std::string(character == '\\' ? 2 : 1, character);
   return text;
 }
@@ -144,8 +144,8 @@ TEST_F(CompanionServiceTest, DiscardsWhatIsNotUploadedAndOffersNothingWhenThereI
 TEST_F(CompanionServiceTest, ServesSeveralProgramsThroughABrokerThatRestarts) {
   WriteLogs();
   const auto service = StartService();
-  const std::vector<std::string> serve = {"--data-dir", os::PathText(data), "serve", "--socket",
-                                          os::PathText(socket)};
+  const std::vector<std::string> serve = {"--data-dir", common::PathText(data), "serve", "--socket",
+                                          common::PathText(socket)};
   auto broker = std::make_unique<Program>(serve);
   ASSERT_TRUE(broker->ReadUntil("a.sock"));
   EXPECT_EQ(RunProgram(serve).exitStatus, 2) << "one broker at a time";

@@ -14,10 +14,10 @@
 #include <thread>
 #include <vector>
 
+#include "common/path_text.h"
 #include "platform/message/broker_connection.h"
 #include "platform/message/ipc_message_client.h"
 #include "platform/os/child_process.h"
-#include "platform/os/path_text.h"
 #include "tests/message/raw_peer.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_log.h"
@@ -106,7 +106,7 @@ class BrokerTest : public testing::Test {
   }
 
   std::unique_ptr<os::ChildProcess> StartEcho() {
-    return Start({PEER_PROGRAM, "echo", os::PathText(socket), std::to_string(kOther)});
+    return Start({PEER_PROGRAM, "echo", common::PathText(socket), std::to_string(kOther)});
   }
   std::unique_ptr<os::ChildProcess> Start(const std::vector<std::string>& arguments) {
     return std::make_unique<os::ChildProcess>(arguments);
@@ -263,7 +263,7 @@ TEST_F(BrokerTest, RelaysWhileAHandlerOfItsOwnProcessTakesItsTime) {
 }
 
 TEST_F(BrokerTest, TakesThePlaceOfADeadBrokerButNotOfALivingOne) {
-  const auto other = Start({PEER_PROGRAM, "broker", os::PathText(socket)});
+  const auto other = Start({PEER_PROGRAM, "broker", common::PathText(socket)});
   EXPECT_TRUE(Comes([&] {
     try {
       RawPeer peer(socket);
@@ -273,7 +273,7 @@ TEST_F(BrokerTest, TakesThePlaceOfADeadBrokerButNotOfALivingOne) {
     }
   }));
   EXPECT_THAT([&] { message::Broker second(socket); },
-              testing::ThrowsMessage<message::BrokerRuns>(os::PathText(socket) +
+              testing::ThrowsMessage<message::BrokerRuns>(common::PathText(socket) +
                                                           ": another broker serves there"));
   other->Kill();
   const message::Broker next(socket);
@@ -284,7 +284,8 @@ TEST_F(BrokerTest, TakesThePlaceOfADeadBrokerButNotOfALivingOne) {
 TEST_F(BrokerTest, GetsAllThatAProcessPostedBeforeItsEnd) {
   message::Broker broker(socket);
   Listener listener(kOwn);
-  const auto burst = Start({PEER_PROGRAM, "burst", os::PathText(socket), std::to_string(kOther)});
+  const auto burst =
+      Start({PEER_PROGRAM, "burst", common::PathText(socket), std::to_string(kOther)});
   EXPECT_TRUE(burst->EndsWithin(20s));
   EXPECT_TRUE(Comes([&] { return listener.From(kOther).size() == 300; }));
   std::vector<std::uint32_t> inOrder(300);
@@ -328,14 +329,14 @@ TEST_F(BrokerTest, IsReachedAgainByAClientWhenItWasKilled) {
     Listener listener(kOwn);
     std::minstd_rand random(2);
     for (int i = 0; i < 100; ++i) {
-      const auto broker = Start({PEER_PROGRAM, "broker", os::PathText(socket)});
+      const auto broker = Start({PEER_PROGRAM, "broker", common::PathText(socket)});
       const bool answered = i % 4 != 0 || listener.IsAnsweredBy(1);
       EXPECT_TRUE(answered);
       std::this_thread::sleep_for(std::chrono::microseconds(random() % 20000));
       listener.Post(1, 2);
       broker->Kill();
     }
-    const auto broker = Start({PEER_PROGRAM, "broker", os::PathText(socket)});
+    const auto broker = Start({PEER_PROGRAM, "broker", common::PathText(socket)});
     EXPECT_TRUE(listener.IsAnsweredBy(1));
     EXPECT_TRUE(message::IsConnectedToBroker());
     Listener later(0x77);

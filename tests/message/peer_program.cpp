@@ -11,11 +11,11 @@
 #include <thread>
 #include <vector>
 
+#include "common/path_text.h"
 #include "platform/message/broker.h"
 #include "platform/message/broker_connection.h"
 #include "platform/message/ipc_message_client.h"
 #include "platform/os/interrupt.h"
-#include "platform/os/path_text.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ int Burst(const std::filesystem::path& socket, std::uint32_t module) {
 
 int main(int argc, char** argv) {
   if (argc < 3) return 2;
-  const std::filesystem::path socket = os::TextPath(argv[2]);
+  const std::filesystem::path socket = common::TextPath(argv[2]);
   const std::uint32_t module = argc > 3 ? std::strtoul(argv[3], nullptr, 0) : 1;
   if (std::string_view(argv[1]) == "burst") return Burst(socket, module);
   os::OnInterrupt(&End, 1);

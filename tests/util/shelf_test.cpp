@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/util/shelf_file.h"
 #include "platform/util/soft_shelf.h"
@@ -60,7 +60,8 @@ TEST(SoftShelf, OffersWhatTheMachineSaysAndNothingFromAMalformedFile) {
   EXPECT_FALSE(CQVXSoftShelf::GetInstance()->IsSupportPlugin("from machine"));
   const std::string line = TestLog::Instance().Take();
   EXPECT_EQ(std::count(line.begin(), line.end(), '\n'), 1) << line;
-  EXPECT_THAT(line, HasSubstr(os::PathText(folder.path / "config" / "shelf.json") + ": byte 12: "));
+  EXPECT_THAT(line,
+              HasSubstr(common::PathText(folder.path / "config" / "shelf.json") + ": byte 12: "));
   machine::SetCurrent(nullptr);
 }
 

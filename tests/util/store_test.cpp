@@ -1,5 +1,5 @@
 #include "platform/util/store.h"
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
@@ -123,7 +123,7 @@ TEST(DataManager, AnswersFalseWithOneErrorLineUntilTheStoreCanBeUsed) {
   EXPECT_FALSE(manager.Put(kHistoryTable, HistoryRow(1)));
   const std::string line = log.Take();
   EXPECT_THAT(line, HasSubstr("ERROR orv.util"));
-  EXPECT_THAT(line, HasSubstr(os::PathText(file)));
+  EXPECT_THAT(line, HasSubstr(common::PathText(file)));
   EXPECT_EQ(std::count(line.begin(), line.end(), '\n'), 1);
   EXPECT_FALSE(manager.Get("SELECT 1", RETURN_ORDER_DEFAULT, rows));
   EXPECT_EQ(ReadText(file), "this is no store, and long enough to tell so");

@@ -4,13 +4,13 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "platform/os/paths.h"
 #include "tests/support/history_row.h"
 
 int main(int argumentCount, char** arguments) {
   if (argumentCount != 4) return 2;
-  os::SetDataFolder(os::TextPath(arguments[1]));
+  os::SetDataFolder(common::TextPath(arguments[1]));
   const std::int64_t first = std::atoll(arguments[2]);
   const std::int64_t count = std::atoll(arguments[3]);
   for (std::int64_t second = first; second < first + count; ++second) {

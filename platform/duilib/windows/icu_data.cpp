@@ -5,7 +5,7 @@
 #include <string>
 
 #include "common/log.h"
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/os/windows/handle.h"
 
@@ -28,7 +28,7 @@ bool ProvideOnce() {
   udata_setCommonData(data, &status);
   if (U_SUCCESS(status)) return true;
   COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.duilib"),
-                   os::PathText(file) + ": not read: " + u_errorName(status));
+                   common::PathText(file) + ": not read: " + u_errorName(status));
   return false;
 }
 

@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "common/path_text.h"
 #include "platform/message/broker_connection.h"
-#include "platform/os/path_text.h"
 
 namespace message {
 namespace {
@@ -27,9 +27,9 @@ fs::path RuntimeFolder() {
   if (session != nullptr && *session == '/' && IsOwnFolder(session)) return session;
   fs::path folder = "/tmp/sysdiagnose-" + std::to_string(geteuid());
   if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
-    throw std::runtime_error(os::PathText(folder) + ": the folder cannot be made");
+    throw std::runtime_error(common::PathText(folder) + ": the folder cannot be made");
   if (!IsOwnFolder(folder))
-    throw std::runtime_error(os::PathText(folder) +
+    throw std::runtime_error(common::PathText(folder) +
                              ": the folder does not belong to this user alone");
   return folder;
 }

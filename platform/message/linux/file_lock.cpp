@@ -10,7 +10,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 
 namespace message {
 
@@ -28,7 +28,8 @@ FileLock::~FileLock() {
 std::optional<FileLock> FileLock::TryTake(const std::filesystem::path& file) {
   FileLock lock(open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
   if (lock.descriptor < 0)
-    throw std::runtime_error(os::PathText(file) + ": " + std::generic_category().message(errno));
+    throw std::runtime_error(common::PathText(file) + ": " +
+                             std::generic_category().message(errno));
   if (flock(lock.descriptor, LOCK_EX | LOCK_NB) != 0) return std::nullopt;
   return lock;
 }

@@ -4,11 +4,11 @@
 #include <stdexcept>
 #include <utility>
 
+#include "common/path_text.h"
 #include "platform/message/broker.h"
 #include "platform/message/linux/file_lock.h"
 #include "platform/message/linux/socket_stream.h"
 #include "platform/message/local_listener.h"
-#include "platform/os/path_text.h"
 
 namespace message {
 namespace {
@@ -18,7 +18,7 @@ using Protocol = asio::local::stream_protocol;
 FileLock TakeLock(const std::filesystem::path& socket) {
   std::filesystem::path file = socket;
   auto lock = FileLock::TryTake(file += ".lock");
-  if (!lock) throw BrokerRuns(os::PathText(socket) + ": another broker serves there");
+  if (!lock) throw BrokerRuns(common::PathText(socket) + ": another broker serves there");
   return std::move(*lock);
 }
 
@@ -33,7 +33,7 @@ Protocol::acceptor Listen(asio::io_context& context, const std::filesystem::path
     error = std::make_error_code(std::errc::io_error);
   if (!error) acceptor.listen(Protocol::acceptor::max_listen_connections, error);
   if (error)
-    throw std::runtime_error(os::PathText(socket) +
+    throw std::runtime_error(common::PathText(socket) +
                              ": no broker can serve there: " + error.message());
   return acceptor;
 }

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 
 namespace message {
 
@@ -21,7 +21,7 @@ Protocol::endpoint EndpointOf(const std::filesystem::path& socket) {
   try {
     return {socket.string()};
   } catch (const std::system_error&) {
-    throw std::runtime_error(os::PathText(socket) + ": the path is too long for a socket");
+    throw std::runtime_error(common::PathText(socket) + ": the path is too long for a socket");
   }
 }
 

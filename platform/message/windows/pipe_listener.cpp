@@ -7,13 +7,13 @@
 #include <stdexcept>
 #include <utility>
 
+#include "common/path_text.h"
 #include "platform/message/broker.h"
 #include "platform/message/local_listener.h"
 #include "platform/message/windows/pipe_client.h"
 #include "platform/message/windows/pipe_stream.h"
 #include "platform/message/windows/user.h"
 #include "platform/os/clock.h"
-#include "platform/os/path_text.h"
 
 namespace message {
 namespace {
@@ -33,7 +33,7 @@ std::error_code LastError() {
 class PipeListener final : public LocalListener {
  public:
   PipeListener(asio::io_context& served, const std::filesystem::path& path)
-      : context(served), socket(os::PathText(path)), name(LocalAddress(path)), first(Claim()) {}
+      : context(served), socket(common::PathText(path)), name(LocalAddress(path)), first(Claim()) {}
 
   int Places() const override { return kPlaces; }
 

@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
+#include "common/path_text.h"
 #include "platform/message/broker_connection.h"
 #include "platform/message/local_stream.h"
 #include "platform/message/windows/user.h"
-#include "platform/os/path_text.h"
 #include "platform/util/sha256.h"
 
 namespace message {
@@ -60,7 +60,7 @@ fs::path LocalAddress(const fs::path& socket) {
   if (!IsPipeName(text))
     return std::wstring(kPipes) + L"sysdiagnose-" + HashText(UpperCase(FullPath(socket)));
   if (text.size() == kPipes.size() || text.size() > kLongestName)
-    throw std::runtime_error(os::PathText(socket) + ": the name of a pipe has 1 to " +
+    throw std::runtime_error(common::PathText(socket) + ": the name of a pipe has 1 to " +
                              std::to_string(kLongestName - kPipes.size()) + " characters");
   return socket;
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "platform/os/process.h"
 
 namespace os {
@@ -17,7 +17,7 @@ std::string FileUri(const std::filesystem::path& file) {
   constexpr std::string_view kPlain =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
   std::string uri = "file://";
-  for (const char c : PathText(file)) {
+  for (const char c : common::PathText(file)) {
     const auto byte = static_cast<unsigned char>(c);
     if (kPlain.find(c) != std::string_view::npos)
       uri += c;
@@ -39,7 +39,7 @@ bool RevealInFolder(const std::filesystem::path& file) {
   return Succeeds({"dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.FileManager1",
                    "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1.ShowItems",
                    "array:string:" + FileUri(whole), "string:"}) ||
-         Succeeds({"xdg-open", PathText(whole.parent_path())});
+         Succeeds({"xdg-open", common::PathText(whole.parent_path())});
 }
 
 }  // namespace os

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <filesystem>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 std::optional<os::ProcessResult> Partner(std::vector<std::string> words,
                                          std::chrono::milliseconds limit = 60s) {
-  words.insert(words.begin(), os::PathText(std::filesystem::absolute(PROCESS_PARTNER)));
+  words.insert(words.begin(), common::PathText(std::filesystem::absolute(PROCESS_PARTNER)));
   return os::RunProcess(words, limit);
 }
 

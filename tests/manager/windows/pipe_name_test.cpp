@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "tests/cli/program.h"
 
 namespace {
@@ -9,9 +9,9 @@ namespace {
 TEST(PipeName, LeadsTheTerminalProgramAndTheServiceToEachOther) {
   const TemporaryFolder folder;
   WriteText(folder.path / "log/old.log", "a line\n");
-  const std::string pipe = "\\\\.\\pipe\\" + os::PathText(folder.path.filename());
+  const std::string pipe = "\\\\.\\pipe\\" + common::PathText(folder.path.filename());
   const Outcome logs =
-      RunProgram({"--json", "--data-dir", os::PathText(folder.path), "logs", "--socket", pipe});
+      RunProgram({"--json", "--data-dir", common::PathText(folder.path), "logs", "--socket", pipe});
   EXPECT_EQ(logs.exitStatus, 0) << logs.errors;
   EXPECT_THAT(logs.output, testing::HasSubstr("old.log"));
 }

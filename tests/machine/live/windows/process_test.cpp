@@ -5,7 +5,7 @@
 
 #include <chrono>
 
-#include "platform/os/path_text.h"
+#include "common/path_text.h"
 #include "platform/os/windows/handle.h"
 #include "tests/support/temporary_folder.h"
 
@@ -14,7 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 
 std::string Program(const char* file) {
-  return os::PathText(std::filesystem::absolute(file));
+  return common::PathText(std::filesystem::absolute(file));
 }
 
 TEST(RunProcess, LetsNoneOfOurHandlesThrough) {
@@ -30,7 +30,7 @@ TEST(RunProcess, AKilledProgramsChildrenAreGoneToo) {
   const TemporaryFolder folder;
   const std::filesystem::path file = folder.path / "held";
   EXPECT_FALSE(
-      os::RunProcess({Program(PROCESS_PARTNER), "hold-in-child", os::PathText(file)}, 60s));
+      os::RunProcess({Program(PROCESS_PARTNER), "hold-in-child", common::PathText(file)}, 60s));
   ASSERT_TRUE(std::filesystem::exists(file));
   const auto deadline = std::chrono::steady_clock::now() + 20s;
   while (DeleteFileW(file.c_str()) == 0 && std::chrono::steady_clock::now() < deadline) Sleep(1);

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace os {
+namespace common {
 
 /// The path in UTF-8 with the separators of the system, for messages and for libraries that take
 /// paths so.
@@ -18,4 +18,4 @@ inline std::filesystem::path TextPath(std::string_view text) {
   return std::u8string(text.begin(), text.end());
 }
 
-}  // namespace os
+}  // namespace common
