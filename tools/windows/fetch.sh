@@ -15,7 +15,7 @@ open_archive() {
   mkdir -p "$apt/lists/partial" "$apt/archives/partial" "$apt/get"
   codename=$(. /etc/os-release && echo "$VERSION_CODENAME")
   apt-get update --print-uris |
-    sed -nE "s|^'(.*)/dists/($codename[^/']*)/InRelease'.*|\1 \2|p" | sort -u |
+    sed -nE "s|^'(.*)/dists/(${codename}[^/']*)/InRelease'.*|\1 \2|p" | sort -u |
     while read -r uri suite; do
       echo "deb-src [signed-by=$keyring] $uri $suite main"
       [ "$suite" != "$codename" ] || echo "deb-src [signed-by=$keyring] $uri unstable main"
