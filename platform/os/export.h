@@ -1,7 +1,7 @@
 #pragma once
 
-// Export marks of the shared libraries. A library's own CMake target defines <NAME>_BUILDING, one that
-// links its code statically <NAME>_STATIC.
+// Export marks of the shared libraries. A library's own CMake target defines <NAME>_BUILDING, one
+// that links its code statically <NAME>_STATIC.
 
 #if defined(_WIN32)
 #define ORV_EXPORT __declspec(dllexport)

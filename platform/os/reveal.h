@@ -6,8 +6,8 @@
 
 namespace os {
 
-/// Opens the folder of a file in the user's file manager, the file selected where that can be. False
-/// when nothing was opened. May take a second; any thread.
+/// Opens the folder of a file in the user's file manager, the file selected where that can be.
+/// False when nothing was opened. May take a second; any thread.
 UTIL_API bool RevealInFolder(const std::filesystem::path& file);
 
 }  // namespace os

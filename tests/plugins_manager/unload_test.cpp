@@ -7,8 +7,8 @@
 #include "platform/message/ipc_message_client.h"
 #include "platform/plugins_manager/plugin_interfaces.h"
 #include "tests/plugins_manager/manager_functions.h"
-#include "tests/support/process_counts.h"
 #include "tests/plugins_manager/work.h"
+#include "tests/support/process_counts.h"
 #include "tests/support/test_log.h"
 
 namespace {
