@@ -61,6 +61,14 @@ class Listener {
     });
   }
 
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+  // A handler that runs at this moment uses what goes away with this.
+  ~Listener() {
+    client.UnRegisterMessageCallbackAll();
+    message::WaitUntilDelivered();
+  }
+
   std::vector<std::uint32_t> From(std::uint32_t source) {
     const std::lock_guard lock(mutex);
     return got[source];
