@@ -131,6 +131,7 @@ void AddCommands(CLI::App& app, Arguments& arguments, std::vector<std::string>& 
 
 bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   CLI::App app("Diagnoses the hardware of this machine.", "sysdiagnose");
+  common::TakeSlashesAsPaths(app);
   std::vector<std::string> categories;
   AddGlobalOptions(app, arguments);
   AddCommands(app, arguments, categories);

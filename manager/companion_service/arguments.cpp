@@ -6,6 +6,7 @@ namespace companion {
 
 bool ParseArguments(int argc, const char* const* argv, Arguments& arguments, int& exitStatus) {
   CLI::App app("Offers the logs of the hardware diagnosis for upload.", "companion-service");
+  common::TakeSlashesAsPaths(app);
   common::AddPathOption(app, "--data-dir", arguments.dataFolder,
                         "Folder with the log and the events (default: the user's data folder)",
                         "DIR");

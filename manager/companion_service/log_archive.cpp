@@ -36,6 +36,7 @@ LogArchive::LogArchive(std::filesystem::path file)
   Check(stream ? ARCHIVE_OK : ARCHIVE_FATAL);
   Check(archive_write_add_filter_gzip(packed.get()));
   Check(archive_write_set_format_pax_restricted(packed.get()));
+  Check(archive_write_set_bytes_in_last_block(packed.get(), 1));  // no padding behind it
   Check(archive_write_open(packed.get(), &stream, nullptr, &Write, &Close));
 }
 

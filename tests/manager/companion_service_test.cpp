@@ -121,6 +121,7 @@ TEST_F(CompanionServiceTest, OffersTheLogsToTheTerminalProgramAndPacksThemWithou
                                R"({"type":"archive","file":")" + FileText(Outbox().front()) +
                                "\"}\n");
 
+  EXPECT_LT(fs::file_size(Outbox().front()), 4096u) << "packed, and nothing behind it";
   const std::string unpacked = Unpacked(Outbox().front());
   EXPECT_THAT(unpacked, HasSubstr("620000022"));
   for (const char* identifier : {"SN-47110815", "02-42-ac-11-00-02", "0242AC110002"})
