@@ -1,6 +1,7 @@
 #include "tests/support/running_program.h"
 
 #include <stdexcept>
+#include <system_error>
 
 #include "platform/os/windows/end_request.h"
 #include "platform/os/windows/start_process.h"
@@ -32,8 +33,13 @@ RunningProgram::RunningProgram(const std::vector<std::string>& words,
   system->output = os::Handle(ends[0]);
   const os::Handle writeEnd(ends[1]);
   SetHandleInformation(writeEnd.Get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
-  system->started = os::StartProcess(words, writeEnd.Get(), OpenForErrors(errors).Get());
-  if (!system->started.process) throw std::runtime_error("cannot start " + words[0]);
+  const os::Handle errorFile = OpenForErrors(errors);
+  // One start in some thousands fails inside Wine, for the new process loses its server.
+  for (int starts = 0; starts < 2 && !system->started.process; ++starts)
+    system->started = os::StartProcess(words, writeEnd.Get(), errorFile.Get());
+  if (!system->started.process)
+    throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
+                            "cannot start " + words[0]);
 }
 
 RunningProgram::~RunningProgram() {
