@@ -4,10 +4,10 @@
 #include <rapidjson/memorystream.h>
 #include <rapidjson/reader.h>
 
-#include <fstream>
 #include <stdexcept>
 #include <utility>
 
+#include "common/file.h"
 #include "common/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/util/text_helpers.h"
@@ -55,13 +55,7 @@ Shelf ParseShelf(std::string_view json, const std::string& name) {
 }
 
 Shelf ReadShelfFile(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::string json(kMaxBytes + 1, '\0');
-  stream.read(json.data(), static_cast<std::streamsize>(json.size()));
-  if (!stream.eof() && stream.gcount() == 0)
-    throw std::runtime_error(common::PathText(file) + ": cannot be read");
-  json.resize(static_cast<std::size_t>(stream.gcount()));
-  return ParseShelf(json, common::PathText(file));
+  return ParseShelf(common::ReadFile(file, kMaxBytes), common::PathText(file));
 }
 
 std::filesystem::path ShelfFile() {

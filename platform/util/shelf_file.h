@@ -13,7 +13,7 @@ using Shelf = std::set<std::string, std::less<>>;
 /// "<name>: <reason>", with the byte where that helps.
 Shelf ParseShelf(std::string_view json, const std::string& name);
 
-/// As ParseShelf, for a file.
+/// As ParseShelf, for a file. Throws std::runtime_error, too, for what cannot be read.
 Shelf ReadShelfFile(const std::filesystem::path& file);
 
 /// The list in force: config/shelf.json of the folder with the program's configuration where there
