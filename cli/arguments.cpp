@@ -140,13 +140,11 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   } catch (const CLI::Success& help) {
     app.exit(help);
     return false;
-  } catch (const CLI::RequiredError& error) {
-    const std::vector<std::string> unknown = app.remaining();
+  } catch (const CLI::ParseError& error) {
+    const std::vector<std::string> unknown = app.remaining(true);
     throw UsageError((unknown.empty() ? std::string(error.what())
                                       : "unknown command or option \"" + unknown.front() + '"') +
                      kSeeHelp);
-  } catch (const CLI::ParseError& error) {
-    throw UsageError(std::string(error.what()) + kSeeHelp);
   }
   if (!arguments.reportFile.empty() && !IsReportName(arguments.reportFile))
     throw UsageError("a report's file ends in .html or .json");

@@ -52,6 +52,7 @@ TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
   } cases[] = {
       {"{}", {}, "A subcommand is required; see sysdiagnose --help"},
       {"{}", {"fly"}, "unknown command or option \"fly\"; see sysdiagnose --help"},
+      {"{}", {"list", "--fly", "a"}, "unknown command or option \"--fly\"; see sysdiagnose --help"},
       {"{}", {"fly\n\x1b[2J"}, "unknown command or option \"fly??[2J\"; see sysdiagnose --help"},
       {"{}",
        {"run", "memory", "4x"},
