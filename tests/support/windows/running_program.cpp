@@ -34,7 +34,7 @@ RunningProgram::RunningProgram(const std::vector<std::string>& words,
   const os::Handle writeEnd(ends[1]);
   SetHandleInformation(writeEnd.Get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
   const os::Handle errorFile = OpenForErrors(errors);
-  // One start in some thousands fails inside Wine, for the new process loses its server.
+  // Rarely, a start fails inside Wine itself, which then says "wine client error".
   for (int starts = 0; starts < 2 && !system->started.process; ++starts)
     system->started = os::StartProcess(words, writeEnd.Get(), errorFile.Get());
   if (!system->started.process)
