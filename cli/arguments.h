@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "sysdiagnose/catalogue/hardware_id.h"
+#include "sysdiagnose/base/hardware_id.h"
 
 namespace cli {
 

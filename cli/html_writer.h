@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/machine/identifier_mask.h"
+#include "platform/machine/masking/identifier_mask.h"
 
 namespace cli {
 

@@ -4,7 +4,9 @@
 #include "cli/json_line.h"
 #include "common/file.h"
 #include "common/path_text.h"
-#include "platform/machine/recorder.h"
+#include "platform/machine/current.h"
+#include "platform/machine/machine_files/recorder.h"
+#include "platform/util/shelf_file.h"
 #include "sysdiagnose/environment/product_version.h"
 
 namespace cli {
@@ -34,6 +36,8 @@ int RunRecording(const Arguments& arguments) {
   machine::RecordRequest request;
   request.withTests = arguments.withTests;
   request.plain = arguments.plain;
+  const util::Shelf shelf = util::InstalledShelf();
+  request.installedShelf.assign(shelf.begin(), shelf.end());
   const std::wstring version = ProductVersion();
   if (!version.empty()) request.registry[ProductVersionPlace()] = version;
   common::ReplaceFile(file, machine::RecordMachine(machine::Current(), request));

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "common/file.h"
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 
 namespace cli {
 namespace {

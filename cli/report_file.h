@@ -5,7 +5,7 @@
 
 #include "cli/arguments.h"
 #include "cli/run_report.h"
-#include "platform/machine/identifier_mask.h"
+#include "platform/machine/masking/identifier_mask.h"
 
 namespace cli {
 

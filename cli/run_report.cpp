@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "common/log.h"
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 #include "sysdiagnose/records/history_store.h"
 
 namespace cli {

@@ -5,7 +5,7 @@
 #include "cli/json_line.h"
 #include "cli/terminal_text.h"
 #include "common/text.h"
-#include "sysdiagnose/catalogue/hardware_scan.h"
+#include "sysdiagnose/engine/hardware_scan.h"
 
 namespace cli {
 

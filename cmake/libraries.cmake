@@ -17,11 +17,6 @@ function(add_program name)
   endif()
 endfunction()
 
-# A static library, linked into whoever needs it; none of its symbols leave that module.
-function(add_core_library name)
-  add_library(${name} STATIC ${ARGN})
-endfunction()
-
 # A shared platform library. It is never unmapped: its threads, queues and the code behind its
 # handed-out pointers live as long as the process.
 function(add_platform_library name)
@@ -42,6 +37,8 @@ function(add_app_library name)
                                            BUILD_RPATH "$ORIGIN" INSTALL_RPATH "$ORIGIN")
   if(WIN32)
     set_target_properties(${name} PROPERTIES PREFIX "")
+  elseif(NOT SYSDIAGNOSE_SANITIZE)  # whose runtime comes with the program
+    target_link_options(${name} PRIVATE -Wl,-z,defs)
   endif()
 endfunction()
 

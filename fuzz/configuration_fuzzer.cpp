@@ -3,7 +3,8 @@
 #include <string_view>
 
 #include "common/xml_document.h"
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
+#include "platform/machine/machine_files/machine_file.h"
 #include "sysdiagnose/catalogue/xml_helper.h"
 #include "sysdiagnose/environment/machine_list.h"
 

@@ -1,7 +1,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/machine/machine.h"
+#include "platform/machine/machine_files/machine_file.h"
 
 // Any bytes give a machine or an error of one line, and a machine answers every call.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -10,7 +10,7 @@
 
 #include "common/path_text.h"
 #include "manager/companion_service/log_archive.h"
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 #include "platform/os/clock.h"
 #include "platform/os/folder_entries.h"
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/machine/identifier_mask.h"
+#include "platform/machine/masking/identifier_mask.h"
 
 namespace companion {
 

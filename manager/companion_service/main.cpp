@@ -5,7 +5,8 @@
 
 #include "manager/companion_service/arguments.h"
 #include "manager/companion_service/companion_service.h"
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
+#include "platform/machine/machine_files/machine_file.h"
 #include "platform/message/broker_connection.h"
 #include "platform/os/clock.h"
 #include "platform/os/console.h"

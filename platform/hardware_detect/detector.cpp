@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 
 namespace HardwareDetect {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/machine/calls.h"
+#include "platform/machine/interface/calls.h"
 #include "platform/os/export.h"
 
 namespace machine {

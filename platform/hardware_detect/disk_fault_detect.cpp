@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "platform/hardware_detect/hardware_detect.h"
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 
 namespace HardwareDetect {
 namespace {

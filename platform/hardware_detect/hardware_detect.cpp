@@ -1,6 +1,6 @@
 #include "platform/hardware_detect/hardware_detect.h"
 
-#include "platform/machine/machine.h"
+#include "platform/machine/interface/machine.h"
 
 namespace HardwareDetect {
 

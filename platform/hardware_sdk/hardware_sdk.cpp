@@ -1,6 +1,6 @@
 #include "platform/hardware_sdk/hardware_sdk.h"
 
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 
 namespace HardwareSdk {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <tuple>
 
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 #include "platform/util/data_registry.h"
 #include "platform/util/system_registry.h"
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "common/file.h"
+#include "common/log.h"
 #include "common/path_text.h"
 #include "platform/os/paths.h"
 #include "platform/util/text_helpers.h"
@@ -56,6 +57,16 @@ Shelf ParseShelf(std::string_view json, const std::string& name) {
 
 Shelf ReadShelfFile(const std::filesystem::path& file) {
   return ParseShelf(common::ReadFile(file, kMaxBytes), common::PathText(file));
+}
+
+Shelf InstalledShelf() {
+  try {
+    return ReadShelfFile(ShelfFile());
+  } catch (const std::exception& error) {
+    COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.util"),
+                     "no plugin is offered: " + std::string(error.what()));
+    return {};
+  }
 }
 
 std::filesystem::path ShelfFile() {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/os/export.h"
+
 namespace util {
 
 using Shelf = std::set<std::string, std::less<>>;
@@ -15,6 +17,9 @@ Shelf ParseShelf(std::string_view json, const std::string& name);
 
 /// As ParseShelf, for a file. Throws std::runtime_error, too, for what cannot be read.
 Shelf ReadShelfFile(const std::filesystem::path& file);
+
+/// The keys of the list in force; none, with a log line, when it cannot be read.
+UTIL_API Shelf InstalledShelf();
 
 /// The list in force: config/shelf.json of the folder with the program's configuration where there
 /// is one, else of the installation.

@@ -1,6 +1,6 @@
 #include "platform/util/smbios_helper.h"
 
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 
 SMBIOSHelper* SMBIOSHelper::GetInstance() {
   static auto& helper = *new SMBIOSHelper;

@@ -1,26 +1,14 @@
 #include "platform/util/soft_shelf.h"
 
 #include <algorithm>
-#include <exception>
 
-#include "common/log.h"
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 #include "platform/util/shelf_file.h"
 
 namespace {
 
-util::Shelf ReadInstalledShelf() {
-  try {
-    return util::ReadShelfFile(util::ShelfFile());
-  } catch (const std::exception& error) {
-    COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.util"),
-                     "no plugin is offered: " + std::string(error.what()));
-    return {};
-  }
-}
-
 const util::Shelf& InstalledShelf() {
-  static const auto& shelf = *new util::Shelf(ReadInstalledShelf());
+  static const auto& shelf = *new util::Shelf(util::InstalledShelf());
   return shelf;
 }
 

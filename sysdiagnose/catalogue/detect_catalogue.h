@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "sysdiagnose/base/hardware_id.h"
 #include "sysdiagnose/catalogue/detect_item.h"
-#include "sysdiagnose/catalogue/hardware_id.h"
 #include "sysdiagnose/catalogue/shared_text.h"
 
 namespace orv::sysdiagnose {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sysdiagnose/catalogue/hardware_id.h"
+#include "sysdiagnose/base/hardware_id.h"
 
 namespace orv::sysdiagnose {
 

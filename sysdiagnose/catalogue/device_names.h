@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sysdiagnose/catalogue/hardware_id.h"
+#include "sysdiagnose/base/hardware_id.h"
 #include "sysdiagnose/catalogue/hardware_info_source.h"
 
 namespace orv::sysdiagnose {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "sysdiagnose/catalogue/hardware_id.h"
+#include "sysdiagnose/base/hardware_id.h"
 
 namespace orv::sysdiagnose {
 

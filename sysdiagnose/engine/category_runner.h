@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sysdiagnose/catalogue/hardware_id.h"
+#include "sysdiagnose/base/hardware_id.h"
 #include "sysdiagnose/engine/run_callbacks.h"
 #include "sysdiagnose/engine/test_objects.h"
 

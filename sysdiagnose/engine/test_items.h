@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-#include "sysdiagnose/catalogue/hardware_id.h"
+#include "sysdiagnose/base/hardware_id.h"
 #include "sysdiagnose/engine/detect_item_detail.h"
 #include "sysdiagnose/engine/test_objects.h"
 

@@ -1,5 +1,5 @@
-#include "sysdiagnose/plugin/class_entry.h"
-#include "sysdiagnose/plugin/normal_object.h"
+#include "sysdiagnose/plugin/frame/class_entry.h"
+#include "sysdiagnose/plugin/frame/normal_object.h"
 #include "sysdiagnose/plugin/plugin_sysdiagnose.h"
 
 namespace x3 {

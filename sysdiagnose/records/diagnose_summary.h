@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "sysdiagnose/catalogue/hardware_id.h"
+#include "sysdiagnose/base/hardware_id.h"
 #include "sysdiagnose/records/ipc_data_io.h"
 
 namespace orv::sysdiagnose {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "sysdiagnose/catalogue/hardware_id.h"
+#include "sysdiagnose/base/hardware_id.h"
 
 namespace orv::sysdiagnose {
 

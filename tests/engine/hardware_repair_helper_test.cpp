@@ -4,6 +4,7 @@
 
 #include <thread>
 
+#include "platform/machine/current.h"
 #include "tests/support/fake_machine.h"
 #include "tests/support/in_force.h"
 

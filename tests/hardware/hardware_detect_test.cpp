@@ -6,7 +6,7 @@
 #include <functional>
 #include <numeric>
 
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 
 namespace HardwareDetect {
 namespace {

@@ -2,7 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
+#include "platform/machine/machine_files/machine_file.h"
 
 namespace HardwareSdk {
 namespace {

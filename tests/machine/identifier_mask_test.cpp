@@ -1,9 +1,9 @@
-#include "platform/machine/identifier_mask.h"
+#include "platform/machine/masking/identifier_mask.h"
 
 #include <gtest/gtest.h>
 
 #include "common/text.h"
-#include "platform/util/identifier_hash.h"
+#include "platform/machine/masking/identifier_hash.h"
 
 namespace {
 
@@ -11,8 +11,8 @@ using machine::IdentifierMask;
 using machine::InfoCall;
 
 TEST(IdentifierHashTest, IsTheBeginningOfTheSha256AndEmptyForNothing) {
-  EXPECT_EQ(util::HashIdentifier("abc"), "#ba7816bf8f01");
-  EXPECT_EQ(util::HashIdentifier(""), "");
+  EXPECT_EQ(machine::HashIdentifier("abc"), "#ba7816bf8f01");
+  EXPECT_EQ(machine::HashIdentifier(""), "");
 }
 
 TEST(IdentifierMaskTest, FindsIdentifiersWhereverAndHoweverTheyStand) {
@@ -25,11 +25,11 @@ TEST(IdentifierMaskTest, FindsIdentifiersWhereverAndHoweverTheyStand) {
   info.Set(InfoCall::AdapterMacAddress, L"02-00-5e-00-00-1F");
   const IdentifierMask mask(info);
 
-  const std::string board = util::HashIdentifier("Board77");
-  const std::string module = util::HashIdentifier("B7");
-  const std::string disk = util::HashIdentifier("Board77-2");
-  const std::string known = util::HashIdentifier("02005E00001F");
-  const std::string unknown = util::HashIdentifier("AABBCCDDEE01");
+  const std::string board = machine::HashIdentifier("Board77");
+  const std::string module = machine::HashIdentifier("B7");
+  const std::string disk = machine::HashIdentifier("Board77-2");
+  const std::string known = machine::HashIdentifier("02005E00001F");
+  const std::string unknown = machine::HashIdentifier("AABBCCDDEE01");
   const std::pair<std::string, std::string> cases[] = {
       {"Board77", board},
       {"xBOARD77y board77", "x" + board + "y " + board},

@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "common/log.h"
-#include "platform/machine/machine.h"
+#include "platform/machine/machine_files/machine_file.h"
 #include "platform/os/clock.h"
 
 namespace machine {

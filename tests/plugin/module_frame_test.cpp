@@ -1,4 +1,4 @@
-#include "sysdiagnose/plugin/module_frame.h"
+#include "sysdiagnose/plugin/frame/module_frame.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "platform/machine/machine.h"
-#include "sysdiagnose/plugin/entry_points.h"
-#include "sysdiagnose/plugin/normal_object.h"
+#include "platform/machine/current.h"
+#include "sysdiagnose/plugin/frame/entry_points.h"
+#include "sysdiagnose/plugin/frame/normal_object.h"
 #include "sysdiagnose/plugin/plugin_sysdiagnose.h"
 #include "tests/support/fake_machine.h"
 

@@ -8,8 +8,8 @@
 #include "platform/concurrency/task.h"
 #include "platform/duilib/ui_main_queue.h"
 #include "platform/message/ipc_message_client.h"
-#include "sysdiagnose/plugin/class_entry.h"
-#include "sysdiagnose/plugin/normal_object.h"
+#include "sysdiagnose/plugin/frame/class_entry.h"
+#include "sysdiagnose/plugin/frame/normal_object.h"
 #include "tests/plugins_manager/work.h"
 
 namespace {

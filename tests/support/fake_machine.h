@@ -3,7 +3,7 @@
 #include <map>
 #include <tuple>
 
-#include "platform/machine/machine.h"
+#include "platform/machine/interface/machine.h"
 
 // A machine with a registry and a shelf, and nothing else.
 class FakeMachine : public machine::Machine {

@@ -3,7 +3,8 @@
 #include <string>
 
 #include "platform/duilib/culture.h"
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
+#include "platform/machine/machine_files/machine_file.h"
 #include "platform/os/paths.h"
 #include "tests/support/temporary_folder.h"
 

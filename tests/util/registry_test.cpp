@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/machine/current.h"
 #include "platform/os/paths.h"
 #include "platform/util/store.h"
 #include "tests/support/fake_machine.h"

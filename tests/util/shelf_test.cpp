@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "common/path_text.h"
+#include "platform/machine/current.h"
 #include "platform/os/paths.h"
 #include "platform/util/shelf_file.h"
 #include "platform/util/soft_shelf.h"

@@ -9,7 +9,7 @@
 #include "platform/message/broker_connection.h"
 #include "platform/message/local_stream.h"
 #include "platform/message/windows/user.h"
-#include "platform/util/sha256.h"
+#include "platform/os/sha256.h"
 
 namespace message {
 namespace {
@@ -42,7 +42,7 @@ std::wstring FullPath(const fs::path& path) {
 
 std::wstring HashText(std::wstring_view text) {
   const auto hash =
-      util::Sha256({reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)});
+      os::Sha256({reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)});
   constexpr std::wstring_view kDigits = L"0123456789abcdef";
   std::wstring digits;
   for (const std::uint8_t byte : hash) {

@@ -1,11 +1,11 @@
-#include "platform/machine/memory_tests.h"
+#include "platform/machine/workloads/memory_tests.h"
 
 #include <gtest/gtest.h>
 
 #include <utility>
 #include <vector>
 
-#include "platform/machine/memory_buffer.h"
+#include "platform/machine/workloads/memory_buffer.h"
 #include "tests/machine/live/aliased_pages.h"
 
 namespace {

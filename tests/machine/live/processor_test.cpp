@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/machine/processor_tests/processor_tests.h"
+#include "platform/machine/workloads/processor_tests/processor_tests.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/machine/smart_report.h"
+#include "platform/machine/live/smart_report.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/util/smbios_table.h"
+#include "platform/machine/live/smbios_table.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-using util::SmbiosTable;
+using machine::SmbiosTable;
 
 /// Read from a heap block of exactly this size, so that a step outside is seen.
 SmbiosTable Read(const std::string& bytes) {

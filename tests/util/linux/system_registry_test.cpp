@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/machine/machine.h"
+#include "platform/machine/current.h"
 #include "platform/os/paths.h"
 #include "platform/util/registry.h"
 #include "platform/util/store.h"

@@ -5,6 +5,7 @@
 
 #include <string_view>
 
+#include "platform/machine/current.h"
 #include "platform/os/paths.h"
 #include "platform/util/registry.h"
 #include "tests/support/fake_machine.h"

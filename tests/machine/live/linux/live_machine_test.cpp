@@ -1,4 +1,4 @@
-#include "platform/machine/live_machine.h"
+#include "platform/machine/live/live_machine.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/machine/memory_buffer.h"
+#include "platform/machine/workloads/memory_buffer.h"
 
 #include <gtest/gtest.h>
 

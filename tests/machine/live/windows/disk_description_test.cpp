@@ -1,4 +1,4 @@
-#include "platform/machine/windows/disk_description.h"
+#include "platform/machine/live/windows/disk_description.h"
 
 #include <gtest/gtest.h>
 

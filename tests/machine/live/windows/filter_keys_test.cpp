@@ -1,9 +1,7 @@
-#include "platform/machine/filter_keys.h"
-
 #include <gtest/gtest.h>
 
-#include "platform/machine/live_machine.h"
-#include "platform/machine/windows/filter_key_calls.h"
+#include "platform/machine/live/live_machine.h"
+#include "platform/machine/live/windows/filter_key_calls.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/machine/windows/processor_records.h"
+#include "platform/machine/live/windows/processor_records.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>

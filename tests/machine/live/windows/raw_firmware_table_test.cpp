@@ -1,10 +1,10 @@
-#include "platform/machine/windows/raw_firmware_table.h"
+#include "platform/machine/live/windows/raw_firmware_table.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "platform/machine/firmware_info.h"
+#include "platform/machine/live/category.h"
 #include "tests/machine/live/smbios_bytes.h"
 
 namespace {
@@ -32,15 +32,14 @@ TEST(RawFirmwareTable, TellsWhatALaptopsFirmwareSays) {
   std::string raw(8, '\0');
   for (std::size_t i = 0; i < 4; ++i) raw[4 + i] = static_cast<char>(table.size() >> 8 * i);
   raw += table;
-  const machine::FirmwareInfo firmware =
-      machine::FirmwareOf(machine::StructuresOf(std::as_bytes(std::span(raw))));
-  EXPECT_EQ(firmware.productName, "TUSK 14");
-  machine::Inventory inventory;
-  machine::FillBoard(inventory, firmware);
-  machine::FillMemory(inventory, firmware);
-  EXPECT_EQ(inventory.Text(machine::InfoCall::BaseboardVersion), L"V2");
-  EXPECT_EQ(inventory.Number(machine::InfoCall::MemoryTotal), 49152U);
-  EXPECT_EQ(inventory.Text(machine::InfoCall::MemoryLocator, 1), L"DIMM 1");
+  machine::Devices devices;
+  devices.firmware = machine::FirmwareOf(machine::StructuresOf(std::as_bytes(std::span(raw))));
+  EXPECT_EQ(devices.firmware.productName, "TUSK 14");
+  machine::MotherboardCategory().read(devices);
+  machine::MemoryCategory().read(devices);
+  EXPECT_EQ(devices.answers.Text(machine::InfoCall::BaseboardVersion), L"V2");
+  EXPECT_EQ(devices.answers.Number(machine::InfoCall::MemoryTotal), 49152U);
+  EXPECT_EQ(devices.answers.Text(machine::InfoCall::MemoryLocator, 1), L"DIMM 1");
 }
 
 }  // namespace

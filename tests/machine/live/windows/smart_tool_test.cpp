@@ -1,9 +1,9 @@
-#include "platform/machine/smart_tool.h"
+#include "platform/machine/live/smart_tool.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "platform/machine/live_machine.h"
+#include "platform/machine/live/live_machine.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

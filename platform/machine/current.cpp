@@ -1,0 +1,31 @@
+#include "platform/machine/current.h"
+
+#include <atomic>
+
+#include "platform/machine/live/live_machine.h"
+
+namespace machine {
+namespace {
+
+std::atomic<Machine*>& Chosen() {
+  static std::atomic<Machine*>& chosen = *new std::atomic<Machine*>(nullptr);
+  return chosen;
+}
+
+}  // namespace
+
+Machine& Current() {
+  if (Machine* chosen = Chosen().load()) return *chosen;
+  static Machine& live = *new LiveMachine;
+  return live;
+}
+
+bool IsLive() {
+  return Chosen().load() == nullptr;
+}
+
+void SetCurrent(std::unique_ptr<Machine> machine) {
+  delete Chosen().exchange(machine.release());
+}
+
+}  // namespace machine

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/machine/interface/machine.h"
+
+namespace machine {
+
+/// The machine in force: the live one unless another was set.
+UTIL_API Machine& Current();
+
+/// Whether the machine in force is the live one.
+UTIL_API bool IsLive();
+
+/// Puts a machine in force, null for the live one again. For a program's start and for tests; no
+/// hardware call may be running.
+UTIL_API void SetCurrent(std::unique_ptr<Machine> machine);
+
+}  // namespace machine

@@ -1,0 +1,29 @@
+#include "platform/machine/live/firmware.h"
+
+#include "platform/machine/live/linux/system_file.h"
+#include "platform/os/paths.h"
+
+namespace machine {
+namespace {
+
+constexpr std::size_t kTableLimit = std::size_t{1} << 20;
+
+// What the kernel shows of the table to those who may not read it.
+std::string KernelText(const char* attribute) {
+  return ReadLine(os::SystemPath(std::string("/sys/class/dmi/id/") + attribute));
+}
+
+}  // namespace
+
+FirmwareInfo ReadFirmware() {
+  const std::vector<std::byte> table =
+      ReadBytes(os::SystemPath("/sys/firmware/dmi/tables/DMI"), kTableLimit);
+  if (!table.empty()) return FirmwareOf(table);
+  FirmwareInfo info;
+  info.productName = KernelText("product_name");
+  info.board = {KernelText("board_vendor"), KernelText("board_name"), KernelText("board_version"),
+                KernelText("board_serial")};
+  return info;
+}
+
+}  // namespace machine

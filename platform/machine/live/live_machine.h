@@ -1,0 +1,28 @@
+#pragma once
+
+#include <mutex>
+
+#include "platform/machine/interface/machine.h"
+#include "platform/machine/live/category.h"
+
+namespace machine {
+
+/// The machine that this program runs on, as its system tells of it. Reads the hardware once, on
+/// the first question about it; what is plugged in later does not show. The tests of devices that
+/// it cannot test answer that there is none.
+class LiveMachine : public Machine {
+ public:
+  const Inventory& Info() override;
+  std::wstring ProductName() override;
+  TestAnswer Test(TestCall call, std::size_t ordinal, int disk) override;
+  bool IsSupported(SupportCall call) override;
+  RepairAnswer Repair(RepairCall call, std::size_t ordinal, std::uint32_t code) override;
+
+ private:
+  const Devices& ReadOnce();
+
+  std::once_flag wasRead;
+  Devices devices;
+};
+
+}  // namespace machine

@@ -1,0 +1,67 @@
+#include <array>
+#include <optional>
+
+#include "common/ascii.h"
+#include "common/text.h"
+#include "platform/machine/live/category.h"
+#include "platform/machine/workloads/memory_buffer.h"
+#include "platform/machine/workloads/memory_tests.h"
+#include "platform/machine/workloads/system_memory.h"
+
+namespace machine {
+namespace {
+
+constexpr std::uint32_t kNoMemory = 2;
+
+std::wstring Wide(const std::string& text) {
+  return common::Utf8ToWide(common::Trimmed(text));
+}
+
+// The slots, or without any the size alone that the system manages.
+void ReadMemory(Devices& devices) {
+  Inventory& answers = devices.answers;
+  const auto& modules = devices.firmware.modules;
+  std::uint64_t megabytes = 0;
+  for (std::size_t slot = 0; slot < modules.size(); ++slot) {
+    const SmbiosTable::MemoryModule& module = modules[slot];
+    answers.Set(InfoCall::MemoryPartNumber, Wide(module.partNumber), slot);
+    answers.Set(InfoCall::MemoryLocator, Wide(module.locator), slot);
+    answers.Set(InfoCall::MemoryManufacturer, Wide(module.maker), slot);
+    answers.Set(InfoCall::MemoryCapacity, module.megabytes, slot);
+    answers.Set(InfoCall::MemorySerialNumber, Wide(module.serialNumber), slot);
+    answers.Set(InfoCall::MemorySpeed, std::uint64_t{module.speed}, slot);
+    megabytes += module.megabytes;
+  }
+  answers.Set(InfoCall::MemoryCount, std::uint64_t{modules.size()});
+  answers.Set(InfoCall::MemoryTotal,
+              megabytes != 0 ? megabytes : ReadSystemMemory().totalKilobytes / 1024);
+}
+
+TestAnswer RunTest(const Devices&, TestCall call, int) {
+  std::optional<MemoryBuffer> buffer;
+  for (std::size_t size = MemoryBuffer::FittingSize(); !buffer && size >= MemoryBuffer::kSmallest;
+       size /= 2)
+    buffer = MemoryBuffer::Allocate(size);
+  if (!buffer) return {kNoMemory, L"there is no memory to test", false, {}};
+  return TestMemory(call, buffer->Words());
+}
+
+constexpr auto kTests = std::to_array<LiveTest>({
+    {TestCall::MemoryStuckAddress, RunTest},
+    {TestCall::MemoryLineSequence, RunTest},
+    {TestCall::MemoryBlockSequence, RunTest},
+    {TestCall::MemoryWalkingBit, RunTest},
+    {TestCall::MemoryRandom, RunTest},
+    {TestCall::MemoryCheckerboard, RunTest},
+    {TestCall::MemoryArithmetic, RunTest},
+    {TestCall::MemoryLogic, RunTest},
+    {TestCall::MemoryBitFlip, RunTest},
+});
+
+}  // namespace
+
+Category MemoryCategory() {
+  return {.read = ReadMemory, .tests = kTests};
+}
+
+}  // namespace machine

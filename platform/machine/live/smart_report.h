@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/machine/interface/calls.h"
+#include "platform/machine/interface/machine.h"
+
+namespace machine {
+
+/// The answer of a SMART test (DiskHddSmart or DiskSsdSmart) for what `smartctl --json -a` printed
+/// about the disk, see the smartmontools project. A text that is no such report, or one without the
+/// drive's verdict, is a disk that cannot be read.
+///
+/// An attribute is out of limits when the drive says that it failed, now or earlier, or when its
+/// value has come down to its threshold. Of an NVMe health log, spare blocks below their threshold
+/// count as attribute E8 and a used-up endurance as E9.
+TestAnswer ParseSmartReport(TestCall test, std::string_view json);
+
+/// The answer for a disk that cannot be read, all attributes within limits.
+TestAnswer UnreadableDisk(TestCall test);
+
+}  // namespace machine

@@ -1,0 +1,131 @@
+#include "platform/machine/workloads/memory_tests.h"
+
+#include <array>
+#include <locale>
+#include <sstream>
+
+namespace machine {
+namespace {
+
+constexpr std::uint64_t kEveryByte = 0x0101010101010101;
+constexpr std::uint64_t kOddMultiplier = 0x9E3779B97F4A7C15;
+
+std::uint64_t Scramble(std::uint64_t value) {
+  value = (value ^ value >> 30) * 0xBF58476D1CE4E5B9;
+  value = (value ^ value >> 27) * 0x94D049BB133111EB;
+  return value ^ value >> 31;
+}
+
+// Every second pass writes the complement, so that each bit has to read back as both.
+std::uint64_t Alternate(std::uint64_t value, unsigned pass) {
+  return pass % 2 == 0 ? value : ~value;
+}
+
+std::uint64_t OwnAddress(std::size_t index, unsigned pass) {
+  return Alternate(index * sizeof(std::uint64_t), pass);
+}
+
+// Words count up, from another start in every second pass.
+std::uint64_t LineSequence(std::size_t index, unsigned pass) {
+  return Alternate(index + pass / 2 * kOddMultiplier, pass);
+}
+
+// Each 4 KiB block holds one byte value, one more than the block before.
+std::uint64_t BlockSequence(std::size_t index, unsigned pass) {
+  constexpr std::size_t kWordsPerBlock = 512;
+  return Alternate((index / kWordsPerBlock & 0xFF) * kEveryByte, pass);
+}
+
+// One bit of every byte is clear, in turn; then one is set.
+std::uint64_t WalkingBit(std::size_t index, unsigned pass) {
+  return Alternate(~(kEveryByte << (index + pass / 2) % 8), pass);
+}
+
+std::uint64_t Random(std::size_t index, unsigned pass) {
+  return Alternate(Scramble((index + 1) * kOddMultiplier + pass / 2), pass);
+}
+
+std::uint64_t Checkerboard(std::size_t index, unsigned pass) {
+  return Alternate(index % 2 == 0 ? 0xAAAAAAAAAAAAAAAA : 0x5555555555555555, pass);
+}
+
+std::uint64_t Arithmetic(std::uint64_t value, std::size_t index) {
+  return (value + index) * 5 - (value >> 3);
+}
+
+std::uint64_t Logic(std::uint64_t value, std::size_t index) {
+  return ((value & ~index) | (~value & 0x00FF00FF00FF00FF)) ^ value << 1;
+}
+
+std::uint64_t Flip(std::uint64_t value, std::size_t) {
+  return ~value;
+}
+
+struct MemoryTestRow {
+  TestCall call;
+  unsigned passes;
+  std::uint64_t (*written)(std::size_t index, unsigned pass);
+  std::uint64_t (*operation)(std::uint64_t value, std::size_t index) = nullptr;
+};
+
+constexpr TestCall kFirst = TestCall::MemoryStuckAddress;
+
+constexpr auto kMemoryTests = std::to_array<MemoryTestRow>({
+    {TestCall::MemoryStuckAddress, 2, OwnAddress},
+    {TestCall::MemoryLineSequence, 4, LineSequence},
+    {TestCall::MemoryBlockSequence, 2, BlockSequence},
+    {TestCall::MemoryWalkingBit, 16, WalkingBit},
+    {TestCall::MemoryRandom, 4, Random},
+    {TestCall::MemoryCheckerboard, 2, Checkerboard},
+    {TestCall::MemoryArithmetic, 2, Random, Arithmetic},
+    {TestCall::MemoryLogic, 2, Random, Logic},
+    {TestCall::MemoryBitFlip, 2, Checkerboard, Flip},
+});
+
+constexpr std::size_t RowIndex(TestCall test) {
+  return static_cast<std::size_t>(test) - static_cast<std::size_t>(kFirst);
+}
+
+constexpr bool RowsInOrder() {
+  for (std::size_t i = 0; i < kMemoryTests.size(); ++i)
+    if (RowIndex(kMemoryTests[i].call) != i) return false;
+  return true;
+}
+static_assert(RowsInOrder());
+
+std::uint64_t Expected(const MemoryTestRow& row, std::size_t index, unsigned pass) {
+  const std::uint64_t written = row.written(index, pass);
+  return row.operation == nullptr ? written : row.operation(written, index);
+}
+
+}  // namespace
+
+std::optional<MemoryFault> FindMemoryFault(TestCall test, std::span<volatile std::uint64_t> words,
+                                           const std::function<void()>& beforeVerify) {
+  const MemoryTestRow& row = kMemoryTests.at(RowIndex(test));
+  for (unsigned pass = 0; pass < row.passes; ++pass) {
+    for (std::size_t i = 0; i < words.size(); ++i) words[i] = row.written(i, pass);
+    if (row.operation != nullptr)
+      for (std::size_t i = 0; i < words.size(); ++i) words[i] = row.operation(words[i], i);
+    if (beforeVerify) beforeVerify();
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      const std::uint64_t expected = Expected(row, i, pass);
+      const std::uint64_t found = words[i];
+      if (found != expected) return MemoryFault{i * sizeof(std::uint64_t), expected, found};
+    }
+  }
+  return std::nullopt;
+}
+
+TestAnswer TestMemory(TestCall test, std::span<volatile std::uint64_t> words,
+                      const std::function<void()>& beforeVerify) {
+  const std::optional<MemoryFault> fault = FindMemoryFault(test, words, beforeVerify);
+  if (!fault) return {};
+  std::wostringstream text;
+  text.imbue(std::locale::classic());
+  text << std::hex << L"memory at offset 0x" << fault->offset << L" reads 0x" << fault->found
+       << L" instead of 0x" << fault->expected;
+  return {1, text.str(), false, {}};
+}
+
+}  // namespace machine
