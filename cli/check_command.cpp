@@ -7,13 +7,14 @@
 #include "cli/json_line.h"
 #include "cli/repair_choice.h"
 #include "cli/terminal_text.h"
+#include "common/protocol/ipc_serialize.h"
+#include "common/protocol/message_ids.h"
 #include "common/text.h"
 #include "platform/concurrency/task.h"
 #include "platform/message/ipc_message_client.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/engine/quiet_runs.h"
 #include "sysdiagnose/records/diagnose_summary.h"
-#include "sysdiagnose/records/message_ids.h"
 
 namespace cli {
 
@@ -41,7 +42,7 @@ void PrintJson(std::uint32_t messageId, const DiagnoseSummary& summary) {
         .Add("resultText", entry.resultText)
         .Add("repairable", entry.repairable)
         .Add("selected", entry.selected)
-        .Add("category", static_cast<std::int64_t>(entry.category))
+        .Add("category", std::int64_t{entry.category})
         .EndObject();
   }
   line.EndArray().Add("interval", std::int64_t{summary.interval});
@@ -59,18 +60,19 @@ void PrintText(const DiagnoseSummary& summary) {
 class SummaryReader {
  public:
   explicit SummaryReader(bool printsJson) : json(printsJson), client(kTerminalModule, false) {
-    client.SubscribeIPCMessage(ipc::kHostGroup, 0);
-    client.RegisterMessageCallback(ipc::kQuietSummary, [this](const tagIPC_MESSAGE_ITEM& item) {
-      CIPCDataIO body(item.data, item.dataLength);
-      DiagnoseSummary summary;
-      ReadSummary(body, summary);
-      if (json)
-        PrintJson(item.messageId, summary);
-      else
-        PrintText(summary);
-      const std::lock_guard lock(mutex);
-      abnormal = summary.abnormalCount > 0;
-    });
+    client.SubscribeIPCMessage(protocol::kHostGroup, 0);
+    client.RegisterMessageCallback(protocol::kQuietSummary,
+                                   [this](const tagIPC_MESSAGE_ITEM& item) {
+                                     protocol::CIPCDataIO body(item.data, item.dataLength);
+                                     DiagnoseSummary summary;
+                                     protocol::ReadVersioned(body, summary);
+                                     if (json)
+                                       PrintJson(item.messageId, summary);
+                                     else
+                                       PrintText(summary);
+                                     const std::lock_guard lock(mutex);
+                                     abnormal = summary.abnormalCount > 0;
+                                   });
   }
 
   /// Whether the last summary had an abnormal category.

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "common/protocol/message_ids.h"
 #include "sysdiagnose/records/ipc_helper.h"
-#include "sysdiagnose/records/message_ids.h"
 
 namespace cli {
 
@@ -11,14 +11,13 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
-constexpr std::int32_t kApplicationLog = 4;
-constexpr std::uint32_t kCompanionModule = 0x3B0000;
 constexpr std::chrono::milliseconds kLook(50);
 constexpr int kLooksPerQuestion = 4;
 
 bool HasApplicationLog(const LogTalk::Items& items) {
-  return std::any_of(items.begin(), items.end(),
-                     [](const auto& item) { return item.module == kApplicationLog; });
+  return std::any_of(items.begin(), items.end(), [](const auto& item) {
+    return item.module == static_cast<std::int32_t>(protocol::LogModule::Application);
+  });
 }
 
 }  // namespace
@@ -45,7 +44,7 @@ LogTalk::~LogTalk() {
 // Asks again and again: the service may only be starting.
 std::optional<bool> LogTalk::AskWhetherThereAreLogs(std::chrono::milliseconds limit) {
   for (auto left = limit; left.count() > 0 && !Interrupted(); left -= kLooksPerQuestion * kLook) {
-    Post(0x3B0001, ipc::kLogsAvailableAnswer, false);
+    Post(protocol::kLogsAvailableRequest, protocol::kLogsAvailableAnswer, false);
     Wait(kLooksPerQuestion * kLook, [this] { return available.has_value(); });
     const std::lock_guard lock(mutex);
     if (available) break;
@@ -55,7 +54,7 @@ std::optional<bool> LogTalk::AskWhetherThereAreLogs(std::chrono::milliseconds li
 }
 
 LogTalk::Items LogTalk::AskForList(std::chrono::milliseconds limit) {
-  Post(0x3B0002, ipc::kLogListAnswer, false);
+  Post(protocol::kLogListRequest, protocol::kLogListAnswer, false);
   Wait(limit, [this] { return HasApplicationLog(items); });
   const std::lock_guard lock(mutex);
   return items;
@@ -64,7 +63,7 @@ LogTalk::Items LogTalk::AskForList(std::chrono::milliseconds limit) {
 void LogTalk::Post(std::uint32_t messageId, std::uint32_t replyId, bool withByte) {
   constexpr std::uint8_t kByte = 0;
   tagIPC_MESSAGE_ITEM item;
-  item.target = kCompanionModule;
+  item.target = protocol::kCompanionModule;
   item.messageId = messageId;
   item.replyId = replyId;
   item.dataLength = withByte ? 1 : 0;

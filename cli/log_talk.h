@@ -9,14 +9,15 @@
 #include <vector>
 
 #include "cli/interruptible.h"
-#include "sysdiagnose/records/log_item.h"
+#include "common/protocol/log_item.h"
+#include "common/protocol/message_ids.h"
 
 namespace cli {
 
 /// The talk with the companion service, through the plugin's own message helper.
 class LogTalk {
  public:
-  using Items = std::vector<orv::sysdiagnose::SYSTEM_DETECT_LOG_ITEM>;
+  using Items = std::vector<protocol::SYSTEM_DETECT_LOG_ITEM>;
 
   /// An interrupt from now on ends every wait.
   LogTalk();
@@ -30,8 +31,8 @@ class LogTalk {
   /// The log items, up to and with the application log or what has come at the limit.
   Items AskForList(std::chrono::milliseconds limit);
 
-  void AskToPack() { Post(0x3B0003, 0, true); }
-  void AskToDiscard() { Post(0x3B0004, 0, true); }
+  void AskToPack() { Post(protocol::kPackRequest, 0, true); }
+  void AskToDiscard() { Post(protocol::kDiscardRequest, 0, true); }
 
   bool Interrupted() const { return interrupted; }
 

@@ -4,12 +4,12 @@
 #include <stdexcept>
 #include <vector>
 
-#include "sysdiagnose/records/ipc_serialize.h"
-#include "sysdiagnose/records/log_item.h"
+#include "common/protocol/ipc_serialize.h"
+#include "common/protocol/log_item.h"
 
 namespace {
 
-using namespace orv::sysdiagnose;
+using namespace protocol;
 
 // What is read from a body and written again is the body's own beginning.
 template <typename Value>
@@ -17,14 +17,12 @@ void ReadAndWriteBack(const std::uint8_t* data, std::size_t size) {
   CIPCDataIO reading(data, static_cast<std::uint32_t>(size));
   Value value;
   try {
-    ipc::ReadVersion(reading);
-    ipc::Read(reading, value);
+    ReadVersioned(reading, value);
   } catch (const std::runtime_error&) {
     return;
   }
   CIPCDataIO writing;
-  ipc::Write(writing, ipc::kVersion);
-  ipc::Write(writing, value);
+  WriteVersioned(writing, value);
   if (writing.Position() != reading.Position() ||
       !std::equal(data, data + writing.Position(), writing.Data()))
     std::abort();

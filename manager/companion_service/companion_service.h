@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "common/protocol/ipc_data_io.h"
 #include "manager/companion_service/log_files.h"
 #include "platform/message/ipc_message_client.h"
 
@@ -16,14 +17,14 @@ class CompanionService {
   explicit CompanionService(std::filesystem::path dataFolder);
 
  private:
-  using Body = std::vector<std::uint8_t>;
-
   void OnMessage(const tagIPC_MESSAGE_ITEM& request);
   void AnswerAvailable(const tagIPC_MESSAGE_ITEM& request);
   void AnswerList(const tagIPC_MESSAGE_ITEM& request);
+  void AnswerItems(const tagIPC_MESSAGE_ITEM& request, const std::vector<LogFile>& files);
   void PackOffered(const tagIPC_MESSAGE_ITEM& request);
   void DiscardProduced(const tagIPC_MESSAGE_ITEM& request);
-  void Answer(const tagIPC_MESSAGE_ITEM& request, std::uint32_t messageId, const Body& body);
+  void Answer(const tagIPC_MESSAGE_ITEM& request, std::uint32_t messageId,
+              const protocol::CIPCDataIO& body);
 
   LogFiles logs;
   std::vector<LogFile> offered;

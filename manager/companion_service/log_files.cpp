@@ -18,6 +18,7 @@ namespace companion {
 namespace {
 
 namespace fs = std::filesystem;
+using protocol::LogModule;
 
 constexpr std::size_t kApplicationLogLines = 1000;
 

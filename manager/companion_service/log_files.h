@@ -1,20 +1,17 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "common/protocol/log_item.h"
 #include "platform/machine/masking/identifier_mask.h"
 
 namespace companion {
 
-/// Whose log a file is. Published numbers.
-enum class LogModule : std::int32_t { Programs = 1, Events = 2, Application = 4 };
-
 struct LogFile {
-  LogModule module;
+  protocol::LogModule module;
   std::filesystem::path file;
 };
 

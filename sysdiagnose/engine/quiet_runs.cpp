@@ -114,7 +114,7 @@ void QuietRuns::State::Repair(const std::vector<enmHardwareID>& categories) {
     if (!repairs.contains(category) || !RepairCategory(category)) continue;
     repairs.erase(category);
     for (DetectListEntry& entry : items)
-      if (entry.category == category) ShowOutcome(entry, {});
+      if (IsOf(entry, category)) ShowOutcome(entry, {});
   }
   Post();
   Pause(kBeforeLastSummary);

@@ -15,7 +15,7 @@ void ShowOutcome(DetectListEntry& entry, const CategoryOutcome& outcome) {
 
 DetectListEntry MakeDetectListEntry(const tagDetectItem& item) {
   DetectListEntry entry;
-  entry.category = item.id;
+  entry.category = static_cast<std::int32_t>(item.id);
   if (const DetectCategory* category = DetectCatalogue::Instance().Find(item.id)) {
     entry.icon = category->icon;
     entry.caption = category->caption;
@@ -34,7 +34,7 @@ void RunModel::TakeDetectList() {
 
 void RunModel::SetRunning(enmHardwareID category) {
   for (DetectListEntry& entry : detectList)
-    if (entry.category == category) entry.state = DisplayState::Running;
+    if (IsOf(entry, category)) entry.state = DisplayState::Running;
 }
 
 void RunModel::SetOutcome(enmHardwareID category, const CategoryOutcome& outcome) {
@@ -46,7 +46,7 @@ void RunModel::SetOutcome(enmHardwareID category, const CategoryOutcome& outcome
   else
     offeredRepairs[category] = outcome.repairs;
   for (DetectListEntry& entry : detectList)
-    if (entry.category == category) ShowOutcome(entry, outcome);
+    if (IsOf(entry, category)) ShowOutcome(entry, outcome);
 }
 
 void RunModel::SetRepaired(enmHardwareID category) {
@@ -58,13 +58,13 @@ void RunModel::SetRepaired(enmHardwareID category) {
   }
   offeredRepairs.erase(category);
   for (DetectListEntry& entry : detectList)
-    if (entry.category == category) ShowOutcome(entry, {});
+    if (IsOf(entry, category)) ShowOutcome(entry, {});
 }
 
 void RunModel::SetStillAbnormal(enmHardwareID category) {
   if (std::int64_t* result = ResultOf(record, category)) *result = kAbnormal;
   for (DetectListEntry& entry : detectList)
-    if (entry.category == category) entry.state = DisplayState::Abnormal;
+    if (IsOf(entry, category)) entry.state = DisplayState::Abnormal;
 }
 
 DiagnoseSummary RunModel::Summary() const {

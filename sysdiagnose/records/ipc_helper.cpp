@@ -2,13 +2,14 @@
 
 #include <utility>
 
-#include "sysdiagnose/records/message_ids.h"
+#include "common/protocol/ipc_serialize.h"
+#include "common/protocol/message_ids.h"
 
 namespace orv::sysdiagnose {
 namespace {
 
 bool Post(CIPCMessageClient& client, std::uint32_t target, std::uint32_t messageId,
-          const CIPCDataIO& body) {
+          const protocol::CIPCDataIO& body) {
   tagIPC_MESSAGE_ITEM item;
   item.target = target;
   item.messageId = messageId;
@@ -24,21 +25,21 @@ IPCHelper& IPCHelper::Instance() {
   return helper;
 }
 
-IPCHelper::IPCHelper() : client(ipc::kPluginModule, false) {
-  client.SubscribeIPCMessage(ipc::kHostGroup, 0);
+IPCHelper::IPCHelper() : client(protocol::kPluginModule, false) {
+  client.SubscribeIPCMessage(protocol::kHostGroup, 0);
   client.RegisterMessageCallbackAll([this](const auto& item) { OnAnyMessage(item); });
-  client.RegisterMessageCallback(ipc::kDetectRequest,
+  client.RegisterMessageCallback(protocol::kDetectRequest,
                                  [this](const auto& item) { OnDetectRequest(item); });
-  client.RegisterMessageCallback(ipc::kLogsAvailableAnswer,
+  client.RegisterMessageCallback(protocol::kLogsAvailableAnswer,
                                  [this](const auto& item) { OnLogsAvailable(item); });
   Register(std::make_unique<CIPCServerProc<IPCHelper, void, std::vector<std::int32_t>>>(
-      ipc::kRepairRequest, this, &IPCHelper::OnRepairRequest));
-  Register(std::make_unique<CIPCServerProc<IPCHelper, void, std::vector<SYSTEM_DETECT_LOG_ITEM>>>(
-      ipc::kLogListAnswer, this, &IPCHelper::OnLogList));
+      protocol::kRepairRequest, this, &IPCHelper::OnRepairRequest));
+  Register(std::make_unique<CIPCServerProc<IPCHelper, void, LogItems>>(
+      protocol::kLogListAnswer, this, &IPCHelper::OnLogList));
 }
 
 IPCHelper::~IPCHelper() {
-  client.UnSubscribeIPCMessage(ipc::kHostGroup, 0);
+  client.UnSubscribeIPCMessage(protocol::kHostGroup, 0);
   client.UnRegisterMessageCallbackAll();
 }
 
@@ -65,9 +66,10 @@ void IPCHelper::SetLogListSlot(LogListSlot slot) {
 void IPCHelper::PostSummary(DiagnoseSummary& summary, SummaryMode mode) {
   FillSummary(summary);
   if (mode == ModeNone) return;
-  CIPCDataIO body;
-  WriteSummary(body, summary);
-  Post(client, ipc::kHostGroup, mode == ModeQuiet ? ipc::kQuietSummary : ipc::kRunSummary, body);
+  protocol::CIPCDataIO body;
+  protocol::WriteVersioned(body, summary);
+  Post(client, protocol::kHostGroup,
+       mode == ModeQuiet ? protocol::kQuietSummary : protocol::kRunSummary, body);
 }
 
 void IPCHelper::Register(std::unique_ptr<CIPCServerProcBase> procedure) {
@@ -80,10 +82,10 @@ void IPCHelper::Register(std::unique_ptr<CIPCServerProcBase> procedure) {
 }
 
 void IPCHelper::OnAnyMessage(const tagIPC_MESSAGE_ITEM& item) {
-  if (item.messageId != ipc::kDescriptorRequest) return;
-  CIPCDataIO body;
-  WriteDescriptor(body);
-  Post(client, item.source, ipc::kDescriptorAnswer, body);
+  if (item.messageId != protocol::kDescriptorRequest) return;
+  protocol::CIPCDataIO body;
+  protocol::WriteVersioned(body, PluginDescriptor());
+  Post(client, item.source, protocol::kDescriptorAnswer, body);
 }
 
 void IPCHelper::OnDetectRequest(const tagIPC_MESSAGE_ITEM& item) {
@@ -101,7 +103,7 @@ void IPCHelper::OnRepairRequest(std::vector<std::int32_t>& categories) {
   if (repairSlot) repairSlot(categories);
 }
 
-void IPCHelper::OnLogList(std::vector<SYSTEM_DETECT_LOG_ITEM>& items) {
+void IPCHelper::OnLogList(LogItems& items) {
   if (logListSlot) logListSlot(items);
 }
 

@@ -6,10 +6,10 @@
 #include <mutex>
 #include <vector>
 
+#include "common/protocol/log_item.h"
 #include "platform/message/ipc_message_client.h"
 #include "sysdiagnose/records/diagnose_summary.h"
 #include "sysdiagnose/records/ipc_server_proc.h"
-#include "sysdiagnose/records/log_item.h"
 
 namespace orv::sysdiagnose {
 
@@ -23,7 +23,8 @@ class IPCHelper {
   using DetectSlot = std::function<void(bool start)>;
   using RepairSlot = std::function<void(const std::vector<std::int32_t>& categories)>;
   using LogsAvailableSlot = std::function<void(std::uint8_t available)>;
-  using LogListSlot = std::function<void(const std::vector<SYSTEM_DETECT_LOG_ITEM>& items)>;
+  using LogItems = std::vector<protocol::SYSTEM_DETECT_LOG_ITEM>;
+  using LogListSlot = std::function<void(const LogItems& items)>;
 
   /// Which summary message is posted; ModeNone posts nothing.
   enum SummaryMode { ModeQuiet = 0, ModeNone = 1, ModeRun = 2 };
@@ -53,7 +54,7 @@ class IPCHelper {
   void OnDetectRequest(const tagIPC_MESSAGE_ITEM& item);
   void OnLogsAvailable(const tagIPC_MESSAGE_ITEM& item);
   void OnRepairRequest(std::vector<std::int32_t>& categories);
-  void OnLogList(std::vector<SYSTEM_DETECT_LOG_ITEM>& items);
+  void OnLogList(LogItems& items);
 
   std::recursive_mutex mutex;
   DetectSlot detectSlot;

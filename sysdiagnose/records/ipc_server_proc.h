@@ -2,8 +2,9 @@
 
 #include <cstdint>
 
+#include "common/protocol/ipc_data_io.h"
+#include "common/protocol/ipc_serialize.h"
 #include "platform/message/message_item.h"
-#include "sysdiagnose/records/ipc_serialize.h"
 
 namespace orv::sysdiagnose {
 
@@ -32,10 +33,9 @@ class CIPCServerProc final : public CIPCServerProcBase {
       : CIPCServerProcBase(servedId), helper(servedHelper), member(calledMember) {}
 
   void Dispatch(const tagIPC_MESSAGE_ITEM& item) override {
-    CIPCDataIO io(item.data, item.dataLength);
-    ipc::ReadVersion(io);
+    protocol::CIPCDataIO io(item.data, item.dataLength);
     Argument argument;
-    ipc::Read(io, argument);
+    protocol::ReadVersioned(io, argument);
     (helper->*member)(argument);
   }
 

@@ -2,6 +2,7 @@
 
 #include <thread>
 
+#include "common/protocol/message_ids.h"
 #include "platform/concurrency/message_blocks.h"
 #include "platform/concurrency/task.h"
 #include "platform/message/ipc_message_client.h"
@@ -9,7 +10,6 @@
 #include "sysdiagnose/engine/hardware_scan.h"
 #include "sysdiagnose/engine/quiet_runs.h"
 #include "sysdiagnose/records/ipc_helper.h"
-#include "sysdiagnose/records/message_ids.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/in_force.h"
 #include "tests/support/process_counts.h"
@@ -41,9 +41,9 @@ void BeginScan(HardwareScan& scan) {
 class Host {
  public:
   Host() : client(0x200001, false) {
-    client.SubscribeIPCMessage(ipc::kHostGroup, 0);
+    client.SubscribeIPCMessage(protocol::kHostGroup, 0);
     client.RegisterMessageCallbackAll([this](const tagIPC_MESSAGE_ITEM& item) {
-      if (item.messageId == ipc::kDescriptorAnswer) ++descriptors;
+      if (item.messageId == protocol::kDescriptorAnswer) ++descriptors;
     });
   }
 
@@ -51,8 +51,8 @@ class Host {
 
   void AskForDescriptor() {
     tagIPC_MESSAGE_ITEM item;
-    item.target = ipc::kHostGroup;
-    item.messageId = ipc::kDescriptorRequest;
+    item.target = protocol::kHostGroup;
+    item.messageId = protocol::kDescriptorRequest;
     client.PostIPCMessage(item);
   }
 

@@ -2,10 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include "common/protocol/ipc_serialize.h"
+#include "common/protocol/message_ids.h"
 #include "platform/concurrency/message_blocks.h"
 #include "platform/message/ipc_message_client.h"
 #include "sysdiagnose/records/history_store.h"
-#include "sysdiagnose/records/message_ids.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/in_force.h"
 
@@ -29,14 +30,14 @@ class QuietRunsTest : public testing::Test {
                     "repairs": {"CKeyBoardDetect::RepairHotkeyByReStartSevice": 9}})"),
         host(0x200001, false) {
     inForce.WriteConfig("SysdiagnoseList.xml", kList);
-    host.SubscribeIPCMessage(ipc::kHostGroup, 0);
-    host.RegisterMessageCallback(ipc::kQuietSummary, [this](const tagIPC_MESSAGE_ITEM& item) {
-      CIPCDataIO body(item.data, item.dataLength);
+    host.SubscribeIPCMessage(protocol::kHostGroup, 0);
+    host.RegisterMessageCallback(protocol::kQuietSummary, [this](const tagIPC_MESSAGE_ITEM& item) {
+      protocol::CIPCDataIO body(item.data, item.dataLength);
       DiagnoseSummary summary;
-      ReadSummary(body, summary);
+      protocol::ReadVersioned(body, summary);
       std::string note = std::to_string(summary.abnormalCount);
       for (const DetectListEntry& entry : summary.items)
-        note += " " + std::to_string(static_cast<int>(entry.category)) + ":" +
+        note += " " + std::to_string(entry.category) + ":" +
                 std::to_string(static_cast<int>(entry.state));
       notes.push_back(note);
       last = summary;

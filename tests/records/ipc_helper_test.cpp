@@ -4,7 +4,7 @@
 
 #include <thread>
 
-#include "sysdiagnose/records/message_ids.h"
+#include "common/protocol/message_ids.h"
 #include "tests/support/in_force.h"
 
 namespace orv::sysdiagnose {
@@ -18,7 +18,7 @@ constexpr std::uint32_t kHostModule = 0x200001;
 class Host {
  public:
   Host() : client(kHostModule, false) {
-    client.SubscribeIPCMessage(ipc::kHostGroup, 0);
+    client.SubscribeIPCMessage(protocol::kHostGroup, 0);
     client.RegisterMessageCallbackAll([this](const tagIPC_MESSAGE_ITEM& item) {
       received.push_back(item);
       bodies.emplace_back(item.data, item.data + item.dataLength);
@@ -45,9 +45,9 @@ class Host {
   CIPCMessageClient client;
 };
 
-std::wstring ReadText(CIPCDataIO& io) {
+std::wstring ReadText(protocol::CIPCDataIO& io) {
   std::wstring text;
-  ipc::Read(io, text);
+  protocol::Read(io, text);
   return text;
 }
 
@@ -57,13 +57,13 @@ TEST(IpcHelper, OneByteRequestsActOnlyAtTheirExactLength) {
   Host host;
   std::vector<bool> starts;
   std::vector<int> answers;
-  host.Send(ipc::kPluginModule, ipc::kDetectRequest, {0});  // no slot yet
+  host.Send(protocol::kPluginModule, protocol::kDetectRequest, {0});  // no slot yet
   helper.SetDetectSlot([&](bool start) { starts.push_back(start); });
   helper.SetLogsAvailableSlot([&](std::uint8_t available) { answers.push_back(available); });
   for (const Bytes& body : {Bytes{}, Bytes{0, 0}, Bytes{0}, Bytes{1}, Bytes{7}})
-    host.Send(ipc::kPluginModule, ipc::kDetectRequest, body);
+    host.Send(protocol::kPluginModule, protocol::kDetectRequest, body);
   for (const Bytes& body : {Bytes{}, Bytes{1}, Bytes{0}})
-    host.Send(ipc::kPluginModule, ipc::kLogsAvailableAnswer, body);
+    host.Send(protocol::kPluginModule, protocol::kLogsAvailableAnswer, body);
   EXPECT_THAT(starts, testing::ElementsAre(true, false, false));
   EXPECT_THAT(answers, testing::ElementsAre(1, 0));
 }
@@ -76,9 +76,10 @@ TEST(IpcHelper, AMalformedBodyCallsNothingAndTheNextGoodOneWorks) {
   helper.SetRepairSlot([&](const auto& categories) { repairs.push_back(categories); });
   for (const Bytes& body : {Bytes{}, Bytes{2, 0, 0, 0, 0, 0, 0, 0}, Bytes{1, 0, 0, 0, 1, 0, 0, 0},
                             Bytes{1, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF, 1, 0, 0, 0}})
-    host.Send(ipc::kPluginModule, ipc::kRepairRequest, body);
+    host.Send(protocol::kPluginModule, protocol::kRepairRequest, body);
   EXPECT_TRUE(repairs.empty());
-  host.Send(ipc::kPluginModule, ipc::kRepairRequest, {1, 0, 0, 0, 1, 0, 0, 0, 7, 0, 0, 0});
+  host.Send(protocol::kPluginModule, protocol::kRepairRequest,
+            {1, 0, 0, 0, 1, 0, 0, 0, 7, 0, 0, 0});
   EXPECT_THAT(repairs, testing::ElementsAre(testing::ElementsAre(7)));
 }
 
@@ -87,34 +88,34 @@ TEST(IpcHelper, LogItemsReachTheirSlotUntilItIsCleared) {
   IPCHelper helper;
   Host host;
   int calls = 0;
-  std::vector<SYSTEM_DETECT_LOG_ITEM> received;
+  std::vector<protocol::SYSTEM_DETECT_LOG_ITEM> received;
   helper.SetLogListSlot([&](const auto& items) {
     ++calls;
     received = items;
     helper.SetLogListSlot({});  // from inside: the mutex is recursive
   });
   const Bytes body{1, 0, 0, 0, 1, 0, 0, 0, 4, 0, 0, 0, 2, 0, 0, 0, 'a', 'b'};
-  host.Send(ipc::kPluginModule, ipc::kLogListAnswer, body);
-  host.Send(ipc::kPluginModule, ipc::kLogListAnswer, body);
+  host.Send(protocol::kPluginModule, protocol::kLogListAnswer, body);
+  host.Send(protocol::kPluginModule, protocol::kLogListAnswer, body);
   EXPECT_EQ(calls, 1);
-  EXPECT_THAT(received, testing::ElementsAre(SYSTEM_DETECT_LOG_ITEM{4, "ab"}));
+  EXPECT_THAT(received, testing::ElementsAre(protocol::SYSTEM_DETECT_LOG_ITEM{4, "ab"}));
 }
 
 TEST(IpcHelper, TheDescriptorGoesToWhoAskedForIt) {
   const InForce inForce;
   IPCHelper helper;
   Host host;
-  host.Send(ipc::kHostGroup, 0x200008, {});
+  host.Send(protocol::kHostGroup, 0x200008, {});
   EXPECT_TRUE(host.received.empty());
-  host.Send(ipc::kHostGroup, ipc::kDescriptorRequest, {});
+  host.Send(protocol::kHostGroup, protocol::kDescriptorRequest, {});
   ASSERT_EQ(host.received.size(), 1);
   EXPECT_EQ(host.received[0].target, kHostModule);
-  EXPECT_EQ(host.received[0].source, ipc::kPluginModule);
-  EXPECT_EQ(host.received[0].messageId, ipc::kDescriptorAnswer);
-  EXPECT_EQ(host.received[0].replyId, ipc::kNone);
+  EXPECT_EQ(host.received[0].source, protocol::kPluginModule);
+  EXPECT_EQ(host.received[0].messageId, protocol::kDescriptorAnswer);
+  EXPECT_EQ(host.received[0].replyId, protocol::kNone);
 
-  CIPCDataIO io(host.bodies[0].data(), static_cast<std::uint32_t>(host.bodies[0].size()));
-  ipc::ReadVersion(io);
+  protocol::CIPCDataIO io(host.bodies[0].data(), static_cast<std::uint32_t>(host.bodies[0].size()));
+  EXPECT_EQ(io.ReadUInt32(), 1);
   EXPECT_EQ(ReadText(io), L"file='drawable/hardware/index_hardware.png'");
   EXPECT_EQ(ReadText(io), L"file='drawable/hardware/doctor_module.png'");
   EXPECT_EQ(ReadText(io), L"IDS_HARDWARE_DETECT");
@@ -122,7 +123,7 @@ TEST(IpcHelper, TheDescriptorGoesToWhoAskedForIt) {
   EXPECT_EQ(io.ReadUInt32(), 0x390020);
   EXPECT_EQ(io.ReadUInt32(), 0x390021);
   std::uint16_t interval = 0;
-  ipc::Read(io, interval);
+  protocol::Read(io, interval);
   EXPECT_EQ(interval, 60000);
   EXPECT_THROW(io.RequireBytes(1), std::runtime_error);
 }
@@ -145,8 +146,8 @@ TEST(IpcHelper, SummariesCountAbnormalEntriesAndFollowTheMode) {
   EXPECT_EQ(summary.headline, L"IDS_HARDWARE_DETECT_DOCTOR_ABNORMAL_NUM");
   EXPECT_EQ(summary.resultText, L"IDS_HARDWARE_DETECT_DOCTOR_ABNORMAL_NUM(2)");
   ASSERT_EQ(host.received.size(), 2);
-  EXPECT_EQ(host.received[0].messageId, ipc::kQuietSummary);
-  EXPECT_EQ(host.received[1].messageId, ipc::kRunSummary);
+  EXPECT_EQ(host.received[0].messageId, protocol::kQuietSummary);
+  EXPECT_EQ(host.received[1].messageId, protocol::kRunSummary);
 }
 
 TEST(IpcHelper, SlotsMayChangeWhileMessagesArrive) {
@@ -157,11 +158,11 @@ TEST(IpcHelper, SlotsMayChangeWhileMessagesArrive) {
     for (int i = 0; i < 500; ++i)
       helper.SetDetectSlot(i % 2 == 0 ? IPCHelper::DetectSlot([](bool) {}) : nullptr);
   });
-  for (int i = 0; i < 500; ++i) host.Send(ipc::kPluginModule, ipc::kDetectRequest, {0});
+  for (int i = 0; i < 500; ++i) host.Send(protocol::kPluginModule, protocol::kDetectRequest, {0});
   setter.join();
   int calls = 0;
   helper.SetDetectSlot([&calls](bool) { ++calls; });
-  host.Send(ipc::kPluginModule, ipc::kDetectRequest, {0});
+  host.Send(protocol::kPluginModule, protocol::kDetectRequest, {0});
   EXPECT_EQ(calls, 1);
 }
 

@@ -4,21 +4,29 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <tuple>
+#include <type_traits>
 #include <vector>
 
+#include "common/protocol/ipc_data_io.h"
 #include "common/text.h"
-#include "sysdiagnose/records/ipc_data_io.h"
 
 // The values of a body: Write and Read one after another, SizeOf in bytes. A count that is read is
-// checked against the bytes left before anything is sized by it.
-namespace orv::sysdiagnose::ipc {
+// checked against the bytes left before anything is sized by it. docs/messages.md describes them.
+namespace protocol {
 
 /// First word of every versioned body.
 inline constexpr std::uint32_t kVersion = 1;
 
-/// Integers of two and four bytes; one byte for bool and std::uint8_t.
+/// Integers and enumerations of two and four bytes; one byte for bool and std::uint8_t.
 template <typename Value>
-concept Plain = std::integral<Value> && sizeof(Value) <= 4;
+concept Plain = sizeof(Value) <= 4 && (std::integral<Value> || std::is_enum_v<Value>);
+
+/// A value of several, which `static auto Fields(auto& value)` ties together in their order.
+template <typename Value>
+concept Record = requires(Value& value) {
+  Value::Fields(value);
+};
 
 inline std::uint32_t CountOf(std::size_t count) {
   if (count > UINT32_MAX) throw std::runtime_error("Invalid buffer size");
@@ -40,6 +48,11 @@ std::size_t SizeOf(const std::vector<Element>& elements) {
   std::size_t size = 4;
   for (const Element& element : elements) size += SizeOf(element);
   return size;
+}
+template <Record Value>
+std::size_t SizeOf(const Value& value) {
+  return std::apply([](const auto&... field) { return (SizeOf(field) + ...); },
+                    Value::Fields(value));
 }
 
 template <Plain Value>
@@ -71,10 +84,17 @@ void Write(IIPCDataIO& io, const std::vector<Element>& elements) {
     for (const Element& element : elements) Write(io, element);
   }
 }
+template <Record Value>
+void Write(IIPCDataIO& io, const Value& value) {
+  std::apply([&io](const auto&... field) { (Write(io, field), ...); }, Value::Fields(value));
+}
 
 template <Plain Value>
 void Read(IIPCDataIO& io, Value& value) {
   io.ReadBytes(&value, sizeof value);
+}
+inline void Read(IIPCDataIO& io, bool& value) {
+  value = io.ReadByte() != 0;
 }
 
 /// Reads a count of elements that each take at least `size` bytes.
@@ -112,10 +132,22 @@ void Read(IIPCDataIO& io, std::vector<Element>& elements) {
     for (Element& element : elements) Read(io, element);
   }
 }
-
-/// Throws "Invalid Serialize ver" for a body of another format.
-inline void ReadVersion(IIPCDataIO& io) {
-  if (io.ReadUInt32() != kVersion) throw std::runtime_error("Invalid Serialize ver");
+template <Record Value>
+void Read(IIPCDataIO& io, Value& value) {
+  std::apply([&io](auto&... field) { (Read(io, field), ...); }, Value::Fields(value));
 }
 
-}  // namespace orv::sysdiagnose::ipc
+template <typename Value>
+void WriteVersioned(IIPCDataIO& io, const Value& value) {
+  Write(io, kVersion);
+  Write(io, value);
+}
+
+/// Throws "Invalid Serialize ver" for a body of another format.
+template <typename Value>
+void ReadVersioned(IIPCDataIO& io, Value& value) {
+  if (io.ReadUInt32() != kVersion) throw std::runtime_error("Invalid Serialize ver");
+  Read(io, value);
+}
+
+}  // namespace protocol

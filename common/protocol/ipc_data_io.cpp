@@ -1,10 +1,10 @@
-#include "sysdiagnose/records/ipc_data_io.h"
+#include "common/protocol/ipc_data_io.h"
 
 #include <bit>
 #include <cstring>
 #include <stdexcept>
 
-namespace orv::sysdiagnose {
+namespace protocol {
 namespace {
 
 static_assert(std::endian::native == std::endian::little);
@@ -85,4 +85,4 @@ void CIPCDataIO::Require(bool unserialize) const {
   if (unserializing != unserialize) throw std::runtime_error("Invalid serialize call type");
 }
 
-}  // namespace orv::sysdiagnose
+}  // namespace protocol

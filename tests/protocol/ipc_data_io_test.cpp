@@ -1,11 +1,12 @@
-#include "sysdiagnose/records/ipc_data_io.h"
+#include "common/protocol/ipc_data_io.h"
 
 #include <gmock/gmock.h>
 
-#include "sysdiagnose/records/ipc_serialize.h"
-#include "sysdiagnose/records/log_item.h"
+#include "common/protocol/ipc_serialize.h"
+#include "common/protocol/log_item.h"
+#include "common/protocol/summary.h"
 
-namespace orv::sysdiagnose {
+namespace protocol {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
@@ -17,7 +18,7 @@ Bytes Written(const CIPCDataIO& io) {
 template <typename Value>
 Bytes Encode(const Value& value) {
   CIPCDataIO io;
-  ipc::Write(io, value);
+  Write(io, value);
   return Written(io);
 }
 
@@ -25,7 +26,7 @@ template <typename Value>
 Value Decode(const Bytes& body) {
   CIPCDataIO io(body.data(), static_cast<std::uint32_t>(body.size()));
   Value value;
-  ipc::Read(io, value);
+  Read(io, value);
   return value;
 }
 
@@ -57,10 +58,10 @@ TEST(IpcBody, CapacityGrowsByWholeSteps) {
 TEST(IpcBody, LongVectorsAndTextsMakeRoomOnce) {
   for (const std::size_t count : {1000U, 100000U}) {
     CIPCDataIO io;
-    ipc::Write(io, std::vector<std::int32_t>(count, 1));
+    Write(io, std::vector<std::int32_t>(count, 1));
     EXPECT_EQ(io.Capacity(), static_cast<std::int32_t>((4 + 4 * count + 63) / 64 * 64));
     const auto before = io.Capacity();
-    ipc::Write(io, std::vector<SYSTEM_DETECT_LOG_ITEM>(count));
+    Write(io, std::vector<SYSTEM_DETECT_LOG_ITEM>(count));
     EXPECT_LE(io.Capacity(), static_cast<std::int32_t>(before + 4 + 8 * count + 64));
   }
 }
@@ -82,6 +83,33 @@ TEST(IpcBody, ValuesSurviveTheRoundTrip) {
   EXPECT_EQ(Decode<std::vector<SYSTEM_DETECT_LOG_ITEM>>(Encode(items)), items);
   const Bytes unpaired{3, 0, 0, 0, 0x3D, 0xD8, 'a', 0, 0x0B, 0xDD};
   EXPECT_EQ(Encode(Decode<std::wstring>(unpaired)), unpaired);
+}
+
+TEST(IpcBody, ASummaryLiesFieldByField) {
+  DiagnoseSummary summary;
+  summary.moduleId = 0x390000;
+  summary.headline = L"H";
+  summary.abnormalCount = 1;
+  summary.resultText = L"R";
+  summary.detailText = L"D";
+  summary.items = {{L"i", L"c", L"d", DisplayState::Abnormal, L"t", true, false, -2}};
+  summary.interval = 600000;
+  summary.flag1 = 7;
+  summary.flag2 = 8;
+  const Bytes body{0,   0, 0x39, 0, 1,   0, 0,    0,    'H',  0,    1,    0,    0, 0, 1, 0, 0,   0,
+                   'R', 0, 1,    0, 0,   0, 'D',  0,    1,    0,    0,    0,    1, 0, 0, 0, 'i', 0,
+                   1,   0, 0,    0, 'c', 0, 1,    0,    0,    0,    'd',  0,    3, 0, 0, 0, 1,   0,
+                   0,   0, 't',  0, 1,   0, 0xFE, 0xFF, 0xFF, 0xFF, 0xC0, 0x27, 9, 0, 7, 8};
+  EXPECT_EQ(Encode(summary), body);
+  EXPECT_EQ(Encode(Decode<DiagnoseSummary>(body)), body);
+  for (std::size_t size = 0; size < body.size(); ++size)
+    EXPECT_NE(FaultOf<DiagnoseSummary>({body.begin(), body.begin() + static_cast<int>(size)}), "")
+        << size;
+}
+
+TEST(IpcBody, AnyByteButZeroIsTrue) {
+  const bool value = Decode<bool>({2});
+  EXPECT_EQ(Encode(value), Bytes{1});
 }
 
 TEST(IpcBody, ACountBeyondTheBytesLeftAllocatesNothing) {
@@ -121,4 +149,4 @@ TEST(IpcBody, ABodyHasABound) {
 }
 
 }  // namespace
-}  // namespace orv::sysdiagnose
+}  // namespace protocol

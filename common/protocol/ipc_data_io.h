@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace orv::sysdiagnose {
+namespace protocol {
 
 /// Writes or reads a message body. The order of the operations is the binary contract.
 class IIPCDataIO {
@@ -71,4 +71,4 @@ class CIPCDataIO final : public IIPCDataIO {
   Buffer buffer;
 };
 
-}  // namespace orv::sysdiagnose
+}  // namespace protocol
