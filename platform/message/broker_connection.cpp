@@ -44,9 +44,10 @@ class Connection final : public Uplink {
       : socket(common::PathText(path)), address(LocalAddress(path)), retry(context) {}
 
   bool Start() {
-    const bool reached = TryConnect();
+    std::string reason;
+    const bool reached = TryConnect(reason);
     if (!reached) {
-      Log("no broker is reached at " + socket);
+      Log("no broker is reached at " + socket + ": " + reason);
       RetryLater();
     }
     Deliveries().Serve(context);
@@ -95,8 +96,8 @@ class Connection final : public Uplink {
     announced = std::move(now);
   }
 
-  bool TryConnect() {
-    std::unique_ptr<LocalStream> stream = ConnectLocally(context, address);
+  bool TryConnect(std::string& whyNot) {
+    std::unique_ptr<LocalStream> stream = ConnectLocally(context, address, whyNot);
     if (!stream) return false;
     const auto connected = std::make_shared<FrameChannel>(std::move(stream));
     {
@@ -134,7 +135,8 @@ class Connection final : public Uplink {
     interval = std::min(2 * interval, kLongestInterval);
     retry.async_wait([this](const asio::error_code&) {
       if (stopping) return;
-      if (TryConnect())
+      std::string ignored;
+      if (TryConnect(ignored))
         Log("the broker at " + socket + " is reached");
       else
         RetryLater();
