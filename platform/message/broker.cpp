@@ -13,6 +13,7 @@
 #include "common/log.h"
 #include "platform/message/delivery_queue.h"
 #include "platform/message/frame_channel.h"
+#include "platform/message/inbound.h"
 #include "platform/message/local_listener.h"
 #include "platform/message/uplink.h"
 
@@ -20,6 +21,7 @@ namespace message {
 namespace {
 
 using Channel = std::shared_ptr<FrameChannel>;
+using Then = FrameChannel::Then;
 
 constexpr std::size_t kMaxIdsOfPeer = 4096;
 constexpr std::chrono::milliseconds kPauseAfterFailedAccept(100);
@@ -37,7 +39,8 @@ class Broker::Core final : public Uplink {
   }
 
   void Stop() {
-    for (const Channel& channel : Channels()) channel->Flush();
+    const auto deadline = std::chrono::steady_clock::now() + FrameChannel::kPatience;
+    for (const Channel& channel : Channels()) channel->Flush(deadline);
     Deliveries().StopServing();
     stopping = true;
     pause.cancel();
@@ -94,11 +97,11 @@ class Broker::Core final : public Uplink {
     }
     FrameChannel* const key = channel.get();  // the callbacks belong to the channel
     channel->Start(
-        [this, key](const Frame& frame) { OnFrame(key->shared_from_this(), frame); },
+        [this, key](const Frame& frame) { return OnFrame(key->shared_from_this(), frame); },
         [this, key](const std::string& reason) { OnEnd(key->shared_from_this(), reason); });
   }
 
-  void OnFrame(const Channel& channel, const Frame& frame) {
+  Then OnFrame(const Channel& channel, const Frame& frame) {
     if (frame.kind == FrameKind::Message) {
       if (!Greeted(channel)) throw FrameError("a message before the hello");
       return Relay(channel, frame);
@@ -117,16 +120,17 @@ class Broker::Core final : public Uplink {
         peer.ids.erase(id);
     }
     if (peer.ids.size() > kMaxIdsOfPeer) throw FrameError("too many ids announced");
+    return Then::ReadOn;
   }
 
-  void Relay(const Channel& from, const Frame& frame) {
+  Then Relay(const Channel& from, const Frame& frame) {
     std::vector<Channel> recipients = RecipientsOf(frame.target);
     std::erase(recipients, from);
     if (!recipients.empty()) {
       const auto bytes = std::make_shared<const std::vector<std::uint8_t>>(EncodeFrame(frame));
       for (const Channel& channel : recipients) channel->Send(bytes, FrameChannel::WhenFull::End);
     }
-    Deliveries().PostReceived(ItemOf(frame));
+    return TakeIn(frame, *from);
   }
 
   void OnEnd(const Channel& channel, const std::string& reason) {

@@ -18,8 +18,8 @@ class UTIL_API BrokerRuns : public std::runtime_error {
 /// connection; the others use ConnectToBroker.
 ///
 /// Serves on the library's threads until it is destroyed, which must not happen in a handler. A
-/// process whose bytes are no frames, or that lets more than 256 frames or 8 MiB wait, loses its
-/// connection; one log line says so.
+/// process whose bytes are no frames, or that lets more than 8 MiB wait, loses its connection; one
+/// log line says so.
 class UTIL_API Broker {
  public:
   /// Serves at this socket, which only the user of this process may use: on Linux a file, with
@@ -30,6 +30,7 @@ class UTIL_API Broker {
   explicit Broker(const std::filesystem::path& socket);
   Broker(const Broker&) = delete;
   Broker& operator=(const Broker&) = delete;
+  /// Gives the other processes a second to read what waits for them.
   ~Broker();
 
  private:

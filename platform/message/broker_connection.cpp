@@ -18,6 +18,7 @@
 #include "platform/message/client_table.h"
 #include "platform/message/delivery_queue.h"
 #include "platform/message/frame_channel.h"
+#include "platform/message/inbound.h"
 #include "platform/message/local_stream.h"
 #include "platform/message/uplink.h"
 
@@ -55,7 +56,7 @@ class Connection final : public Uplink {
   }
 
   void Stop() {
-    if (const auto open = OpenChannel()) open->Flush();
+    if (const auto open = OpenChannel()) open->Flush(Clock::now() + FrameChannel::kPatience);
     Deliveries().StopServing();
     stopping = true;
     retry.cancel();
@@ -108,15 +109,14 @@ class Connection final : public Uplink {
       AnnounceChanges();
     }
     connectedAt = Clock::now();
-    connected->Start([this](const Frame& frame) { Receive(frame); },
-                     [this](const std::string& reason) { OnEnd(reason); });
+    FrameChannel* const key = connected.get();  // the callbacks belong to the channel
+    connected->Start(
+        [key](const Frame& frame) {
+          if (frame.kind != FrameKind::Message) throw FrameError("the broker sends no message");
+          return TakeIn(frame, *key);
+        },
+        [this](const std::string& reason) { OnEnd(reason); });
     return true;
-  }
-
-  void Receive(const Frame& frame) {
-    if (frame.kind != FrameKind::Message) throw FrameError("the broker sends no message");
-    interval = kFirstInterval;
-    Deliveries().PostReceived(ItemOf(frame));
   }
 
   void OnEnd(const std::string& reason) {
