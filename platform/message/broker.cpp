@@ -25,6 +25,7 @@ using Then = FrameChannel::Then;
 
 constexpr std::size_t kMaxIdsOfPeer = 4096;
 constexpr std::chrono::milliseconds kPauseAfterFailedAccept(100);
+constexpr std::chrono::seconds kCalm(1);
 
 }  // namespace
 
@@ -48,6 +49,7 @@ class Broker::Core final : public Uplink {
     for (const Channel& channel : Channels()) channel->End({});
     context.run();  // until nothing is left
     listener = nullptr;
+    TellFailedAccepts();
   }
 
   void Send(const tagIPC_MESSAGE_ITEM& item) override {
@@ -80,14 +82,29 @@ class Broker::Core final : public Uplink {
         });
   }
 
+  // One line when it begins, one with the count when it is over: the cause may last.
   void AcceptLater(const std::error_code& error) {
-    if (++failedAccepts > 1) return;
-    COMMON_LOG_ERROR(Logger(), "a connection could not be accepted: " + error.message());
+    if (++failedAccepts == 1)
+      COMMON_LOG_ERROR(Logger(), "a connection could not be accepted: " + error.message());
+    if (++freePlaces > 1) return;
     pause.expires_after(kPauseAfterFailedAccept);
-    pause.async_wait([this](const asio::error_code&) {
-      const int again = stopping ? 0 : std::exchange(failedAccepts, 0);
-      for (int place = 0; place < again; ++place) Accept();
+    pause.async_wait([this](const asio::error_code&) { AcceptAgain(); });
+  }
+
+  void AcceptAgain() {
+    if (stopping) return;
+    for (int left = std::exchange(freePlaces, 0); left > 0; --left) Accept();
+    pause.expires_after(kCalm);
+    pause.async_wait([this](const asio::error_code& error) {
+      if (!error) TellFailedAccepts();
     });
+  }
+
+  void TellFailedAccepts() {
+    if (failedAccepts > 1)
+      COMMON_LOG_ERROR(Logger(),
+                       std::to_string(failedAccepts) + " tries to accept a connection failed");
+    failedAccepts = 0;
   }
 
   void Serve(const Channel& channel, int process) {
@@ -169,6 +186,7 @@ class Broker::Core final : public Uplink {
   // Of whoever runs the context; before that, and after, of Start and Stop.
   std::unique_ptr<LocalListener> listener;
   asio::steady_timer pause;
+  int freePlaces = 0;  // where nobody waits for a connection
   int failedAccepts = 0;
   bool stopping = false;
 

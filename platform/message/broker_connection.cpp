@@ -28,7 +28,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kFirstInterval(10);
-constexpr std::chrono::milliseconds kLongestInterval(1000);
+constexpr std::chrono::milliseconds kLongestInterval(500);
+constexpr std::chrono::seconds kLived(1);  // what ends sooner may be a broker that takes nobody
 
 using Ids = std::set<std::uint32_t>;
 
@@ -126,7 +127,7 @@ class Connection final : public Uplink {
     }
     if (stopping) return;
     Log("the broker at " + socket + " is lost" + (reason.empty() ? "" : ": " + reason));
-    if (Clock::now() - connectedAt > kLongestInterval) interval = kFirstInterval;
+    if (Clock::now() - connectedAt > kLived) interval = kFirstInterval;
     RetryLater();
   }
 

@@ -426,7 +426,7 @@ TEST_F(BrokerTest, IsReachedAgainByAClientWhenItWasKilled) {
   {
     Listener listener(kOwn);
     std::minstd_rand random(2);
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 24; ++i) {
       const auto broker = Start({PEER_PROGRAM, "broker", common::PathText(socket)});
       const bool answered = i % 4 != 0 || listener.IsAnsweredBy(1);
       EXPECT_TRUE(answered);
@@ -445,6 +445,50 @@ TEST_F(BrokerTest, IsReachedAgainByAClientWhenItWasKilled) {
   const std::string log = TestLog::Instance().Take();
   EXPECT_THAT(log, HasSubstr("test.sock is lost"));
   EXPECT_THAT(log, HasSubstr("test.sock is reached"));
+}
+
+// Takes every connection, sends a message and closes.
+class FickleBroker {
+ public:
+  explicit FickleBroker(const std::filesystem::path& socket)
+      : listener(message::ListenLocally(context, socket)) {
+    Accept();
+  }
+
+  void ServeUntilTaken(int connections) {
+    while (taken < connections) context.run_one();
+  }
+
+ private:
+  void Accept() {
+    listener->AsyncAccept(
+        [this](const std::error_code& error, std::unique_ptr<message::LocalStream> stream, int) {
+          ASSERT_FALSE(error);
+          ++taken;
+          Accept();
+          const auto channel = std::make_shared<message::FrameChannel>(std::move(stream));
+          channel->Start([](const Frame&) { return message::FrameChannel::Then::ReadOn; },
+                         [](const std::string&) {});
+          channel->Send(std::make_shared<const std::vector<std::uint8_t>>(
+                            message::EncodeFrame({FrameKind::Message, kOwn, 1, 1, 0, {}})),
+                        message::FrameChannel::WhenFull::End);
+          channel->End({});
+        });
+  }
+
+  asio::io_context context{message::kContextThreads};
+  std::unique_ptr<message::LocalListener> listener;
+  int taken = 0;
+};
+
+TEST_F(BrokerTest, IsNotOverrunByClientsThatItDoesNotKeep) {
+  Listener listener(kOwn);
+  FickleBroker fickle(socket);
+  const auto begun = std::chrono::steady_clock::now();
+  message::ConnectToBroker(socket);
+  fickle.ServeUntilTaken(7);
+  EXPECT_GT(std::chrono::steady_clock::now() - begun, 600ms) << "10 + 20 + ... + 320";
+  message::DisconnectFromBroker();
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <poll.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -13,6 +14,7 @@
 #include "common/path_text.h"
 #include "platform/message/broker.h"
 #include "platform/message/local_stream.h"
+#include "tests/message/comes.h"
 #include "tests/message/raw_peer.h"
 #include "tests/support/temporary_folder.h"
 
@@ -136,6 +138,26 @@ class NoDescriptorsLeft {
  private:
   rlimit before{};
 };
+
+TEST(BrokerSocket, TellsOnceThatItCannotTakeConnectionsAndHowOften) {
+  TestLog::Instance().Take();
+  const TemporaryFolder folder;
+  const message::Broker broker(folder.path / "a.sock");
+  asio::io_context context;
+  asio::local::stream_protocol::socket peer(context);
+  peer.open();
+  {
+    const NoDescriptorsLeft none;
+    peer.connect((folder.path / "a.sock").string());
+    pollfd ends{peer.native_handle(), POLLIN, 0};
+    EXPECT_EQ(poll(&ends, 1, 350), 0) << "it waits for its turn, while several tries fail";
+  }
+  std::string log;
+  EXPECT_TRUE(IsLogged(" tries to accept a connection failed", log));
+  const std::string first = "a connection could not be accepted: Too many open files";
+  EXPECT_THAT(log, HasSubstr(first));
+  EXPECT_EQ(log.find(first), log.rfind(first)) << log;
+}
 
 TEST(BrokerSocket, IsNotReachedForAReasonThatIsTold) {
   const TemporaryFolder folder;
