@@ -13,6 +13,7 @@
 #include "common/log.h"
 #include "platform/message/delivery_queue.h"
 #include "platform/message/frame_channel.h"
+#include "platform/message/inbound.h"
 #include "platform/message/local_listener.h"
 #include "platform/message/uplink.h"
 
@@ -20,9 +21,11 @@ namespace message {
 namespace {
 
 using Channel = std::shared_ptr<FrameChannel>;
+using Then = FrameChannel::Then;
 
 constexpr std::size_t kMaxIdsOfPeer = 4096;
 constexpr std::chrono::milliseconds kPauseAfterFailedAccept(100);
+constexpr std::chrono::seconds kCalm(1);
 
 }  // namespace
 
@@ -37,7 +40,8 @@ class Broker::Core final : public Uplink {
   }
 
   void Stop() {
-    for (const Channel& channel : Channels()) channel->Flush();
+    const auto deadline = std::chrono::steady_clock::now() + FrameChannel::kPatience;
+    for (const Channel& channel : Channels()) channel->Flush(deadline);
     Deliveries().StopServing();
     stopping = true;
     pause.cancel();
@@ -45,6 +49,7 @@ class Broker::Core final : public Uplink {
     for (const Channel& channel : Channels()) channel->End({});
     context.run();  // until nothing is left
     listener = nullptr;
+    TellFailedAccepts();
   }
 
   void Send(const tagIPC_MESSAGE_ITEM& item) override {
@@ -77,14 +82,29 @@ class Broker::Core final : public Uplink {
         });
   }
 
+  // One line when it begins, one with the count when it is over: the cause may last.
   void AcceptLater(const std::error_code& error) {
-    if (++failedAccepts > 1) return;
-    COMMON_LOG_ERROR(Logger(), "a connection could not be accepted: " + error.message());
+    if (++failedAccepts == 1)
+      COMMON_LOG_ERROR(Logger(), "a connection could not be accepted: " + error.message());
+    if (++freePlaces > 1) return;
     pause.expires_after(kPauseAfterFailedAccept);
-    pause.async_wait([this](const asio::error_code&) {
-      const int again = stopping ? 0 : std::exchange(failedAccepts, 0);
-      for (int place = 0; place < again; ++place) Accept();
+    pause.async_wait([this](const asio::error_code&) { AcceptAgain(); });
+  }
+
+  void AcceptAgain() {
+    if (stopping) return;
+    for (int left = std::exchange(freePlaces, 0); left > 0; --left) Accept();
+    pause.expires_after(kCalm);
+    pause.async_wait([this](const asio::error_code& error) {
+      if (!error) TellFailedAccepts();
     });
+  }
+
+  void TellFailedAccepts() {
+    if (failedAccepts > 1)
+      COMMON_LOG_ERROR(Logger(),
+                       std::to_string(failedAccepts) + " tries to accept a connection failed");
+    failedAccepts = 0;
   }
 
   void Serve(const Channel& channel, int process) {
@@ -94,11 +114,11 @@ class Broker::Core final : public Uplink {
     }
     FrameChannel* const key = channel.get();  // the callbacks belong to the channel
     channel->Start(
-        [this, key](const Frame& frame) { OnFrame(key->shared_from_this(), frame); },
+        [this, key](const Frame& frame) { return OnFrame(key->shared_from_this(), frame); },
         [this, key](const std::string& reason) { OnEnd(key->shared_from_this(), reason); });
   }
 
-  void OnFrame(const Channel& channel, const Frame& frame) {
+  Then OnFrame(const Channel& channel, const Frame& frame) {
     if (frame.kind == FrameKind::Message) {
       if (!Greeted(channel)) throw FrameError("a message before the hello");
       return Relay(channel, frame);
@@ -117,16 +137,17 @@ class Broker::Core final : public Uplink {
         peer.ids.erase(id);
     }
     if (peer.ids.size() > kMaxIdsOfPeer) throw FrameError("too many ids announced");
+    return Then::ReadOn;
   }
 
-  void Relay(const Channel& from, const Frame& frame) {
+  Then Relay(const Channel& from, const Frame& frame) {
     std::vector<Channel> recipients = RecipientsOf(frame.target);
     std::erase(recipients, from);
     if (!recipients.empty()) {
       const auto bytes = std::make_shared<const std::vector<std::uint8_t>>(EncodeFrame(frame));
       for (const Channel& channel : recipients) channel->Send(bytes, FrameChannel::WhenFull::End);
     }
-    Deliveries().PostReceived(ItemOf(frame));
+    return TakeIn(frame, *from);
   }
 
   void OnEnd(const Channel& channel, const std::string& reason) {
@@ -165,6 +186,7 @@ class Broker::Core final : public Uplink {
   // Of whoever runs the context; before that, and after, of Start and Stop.
   std::unique_ptr<LocalListener> listener;
   asio::steady_timer pause;
+  int freePlaces = 0;  // where nobody waits for a connection
   int failedAccepts = 0;
   bool stopping = false;
 

@@ -18,18 +18,19 @@ class UTIL_API BrokerRuns : public std::runtime_error {
 /// connection; the others use ConnectToBroker.
 ///
 /// Serves on the library's threads until it is destroyed, which must not happen in a handler. A
-/// process whose bytes are no frames, or that lets more than 256 frames or 8 MiB wait, loses its
-/// connection; one log line says so.
+/// process whose bytes are no frames, or that lets more than 8 MiB wait, loses its connection; one
+/// log line says so.
 class UTIL_API Broker {
  public:
-  /// Serves at this socket, which only the user of this process may use: on Linux a file, of which
-  /// the one that a dead broker left is replaced, with `socket`.lock beside it; on Windows the pipe
-  /// that docs/messages.md tells for a path. Throws BrokerRuns; std::runtime_error naming the path
-  /// for one where no socket can be, or where another user's program has taken the name;
+  /// Serves at this socket, which only the user of this process may use: on Linux a file, with
+  /// `socket`.lock beside it, where nothing is or a socket of this user that nobody listens on; on
+  /// Windows the pipe that docs/messages.md tells for a path. Throws BrokerRuns; std::runtime_error
+  /// naming the path and the reason when it cannot, and nothing has been touched then;
   /// std::logic_error when this process has a broker or a connection already.
   explicit Broker(const std::filesystem::path& socket);
   Broker(const Broker&) = delete;
   Broker& operator=(const Broker&) = delete;
+  /// Gives the other processes a second to read what waits for them.
   ~Broker();
 
  private:

@@ -18,6 +18,7 @@
 #include "platform/message/client_table.h"
 #include "platform/message/delivery_queue.h"
 #include "platform/message/frame_channel.h"
+#include "platform/message/inbound.h"
 #include "platform/message/local_stream.h"
 #include "platform/message/uplink.h"
 
@@ -27,7 +28,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kFirstInterval(10);
-constexpr std::chrono::milliseconds kLongestInterval(1000);
+constexpr std::chrono::milliseconds kLongestInterval(500);
+constexpr std::chrono::seconds kLived(1);  // what ends sooner may be a broker that takes nobody
 
 using Ids = std::set<std::uint32_t>;
 
@@ -44,9 +46,10 @@ class Connection final : public Uplink {
       : socket(common::PathText(path)), address(LocalAddress(path)), retry(context) {}
 
   bool Start() {
-    const bool reached = TryConnect();
+    std::string reason;
+    const bool reached = TryConnect(reason);
     if (!reached) {
-      Log("no broker is reached at " + socket);
+      Log("no broker is reached at " + socket + ": " + reason);
       RetryLater();
     }
     Deliveries().Serve(context);
@@ -54,7 +57,7 @@ class Connection final : public Uplink {
   }
 
   void Stop() {
-    if (const auto open = OpenChannel()) open->Flush();
+    if (const auto open = OpenChannel()) open->Flush(Clock::now() + FrameChannel::kPatience);
     Deliveries().StopServing();
     stopping = true;
     retry.cancel();
@@ -95,8 +98,8 @@ class Connection final : public Uplink {
     announced = std::move(now);
   }
 
-  bool TryConnect() {
-    std::unique_ptr<LocalStream> stream = ConnectLocally(context, address);
+  bool TryConnect(std::string& whyNot) {
+    std::unique_ptr<LocalStream> stream = ConnectLocally(context, address, whyNot);
     if (!stream) return false;
     const auto connected = std::make_shared<FrameChannel>(std::move(stream));
     {
@@ -107,15 +110,14 @@ class Connection final : public Uplink {
       AnnounceChanges();
     }
     connectedAt = Clock::now();
-    connected->Start([this](const Frame& frame) { Receive(frame); },
-                     [this](const std::string& reason) { OnEnd(reason); });
+    FrameChannel* const key = connected.get();  // the callbacks belong to the channel
+    connected->Start(
+        [key](const Frame& frame) {
+          if (frame.kind != FrameKind::Message) throw FrameError("the broker sends no message");
+          return TakeIn(frame, *key);
+        },
+        [this](const std::string& reason) { OnEnd(reason); });
     return true;
-  }
-
-  void Receive(const Frame& frame) {
-    if (frame.kind != FrameKind::Message) throw FrameError("the broker sends no message");
-    interval = kFirstInterval;
-    Deliveries().PostReceived(ItemOf(frame));
   }
 
   void OnEnd(const std::string& reason) {
@@ -125,7 +127,7 @@ class Connection final : public Uplink {
     }
     if (stopping) return;
     Log("the broker at " + socket + " is lost" + (reason.empty() ? "" : ": " + reason));
-    if (Clock::now() - connectedAt > kLongestInterval) interval = kFirstInterval;
+    if (Clock::now() - connectedAt > kLived) interval = kFirstInterval;
     RetryLater();
   }
 
@@ -134,7 +136,8 @@ class Connection final : public Uplink {
     interval = std::min(2 * interval, kLongestInterval);
     retry.async_wait([this](const asio::error_code&) {
       if (stopping) return;
-      if (TryConnect())
+      std::string ignored;
+      if (TryConnect(ignored))
         Log("the broker at " + socket + " is reached");
       else
         RetryLater();

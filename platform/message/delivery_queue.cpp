@@ -12,8 +12,14 @@
 namespace message {
 namespace {
 
+constexpr std::size_t kMaxReceivedBytes = std::size_t{8} << 20;
+constexpr std::size_t kRoomyBytes = kMaxReceivedBytes / 2;
 constexpr std::chrono::milliseconds kReliefTick(2);
 constexpr std::chrono::milliseconds kReliefTurn(10);
+
+std::size_t ReceivedBytes(const Posted& message) {
+  return message.sender ? 0 : sizeof message + message.body.size();
+}
 
 void LogThrown(const tagIPC_MESSAGE_ITEM& item, const std::string& what) {
   COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.message"),
@@ -71,14 +77,30 @@ void DeliveryQueue::Post(Posted message) {
   Add(std::move(message));
 }
 
-void DeliveryQueue::PostReceived(const tagIPC_MESSAGE_ITEM& item) {
+bool DeliveryQueue::PostReceived(const tagIPC_MESSAGE_ITEM& item) {
+  if (Clients().Recipients(item.target).empty()) return true;
   std::vector<std::uint8_t> body(item.data, item.data + item.dataLength);
   const std::lock_guard lock(mutex);
   Add({nullptr, item, std::move(body)});
+  return receivedBytes <= kMaxReceivedBytes;
+}
+
+void DeliveryQueue::WhenRoom(std::function<void()> callback) {
+  const std::lock_guard lock(mutex);
+  if (served == nullptr) return;
+  waitingForRoom.push_back(std::move(callback));
+  TellRoom();
+}
+
+void DeliveryQueue::TellRoom() {
+  if (receivedBytes > kRoomyBytes) return;
+  for (auto& callback : waitingForRoom) asio::post(*served, std::move(callback));
+  waitingForRoom.clear();
 }
 
 void DeliveryQueue::Add(Posted message) {
   StartThread();
+  receivedBytes += ReceivedBytes(message);
   messages.push_back(std::move(message));
   ++postedCount;
   if (!deliveryInContext) return filled.notify_one();
@@ -103,7 +125,9 @@ void DeliveryQueue::Serve(asio::io_context& context) {
 }
 
 void DeliveryQueue::StopServing() {
+  std::vector<std::function<void()>> forgotten;  // destroyed after the lock is given up
   Lock lock(mutex);
+  forgotten.swap(waitingForRoom);
   asio::post(*std::exchange(served, nullptr), [] {});
   contextFree.wait(lock, [this] { return !contextTaken; });
 }
@@ -133,6 +157,8 @@ void DeliveryQueue::DeliverFirst(Lock& lock) {
   {
     const Posted message = std::move(messages.front());
     messages.pop_front();
+    receivedBytes -= ReceivedBytes(message);
+    TellRoom();
     delivering = true;
     if (std::exchange(reliefAsleep, false)) relief.notify_one();
     lock.unlock();

@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -33,21 +34,27 @@ class DeliveryQueue {
   /// Posts a message of this process, its source filled in if the sender left it open.
   void Post(Posted message);
 
-  /// Posts a message of another process; its body is copied.
-  void PostReceived(const tagIPC_MESSAGE_ITEM& item);
+  /// Posts a message of another process, its body copied, if it reaches a client here. False when
+  /// so much waits that who reads them shall rest until there is room.
+  bool PostReceived(const tagIPC_MESSAGE_ITEM& item);
+
+  /// Calls back once, in the context, when there is room for received messages. Not any more when
+  /// no context is served.
+  void WhenRoom(std::function<void()> callback);
 
   void WaitUntilDelivered();
 
   /// Runs the context, which always has work, from now on. One context at a time.
   void Serve(asio::io_context& context);
 
-  /// Returns when no thread runs the context any more.
+  /// Returns when no thread runs the context any more. Who waits for room is forgotten.
   void StopServing();
 
  private:
   using Lock = std::unique_lock<std::mutex>;
 
   void Add(Posted message);
+  void TellRoom();
   void StartThread();
   void DeliverForever();
   void DeliverFirst(Lock& lock);
@@ -61,6 +68,8 @@ class DeliveryQueue {
   std::condition_variable filled;
   std::condition_variable delivered;
   std::deque<Posted> messages;
+  std::size_t receivedBytes = 0;  // that received messages take while they wait
+  std::vector<std::function<void()>> waitingForRoom;
   std::uint64_t postedCount = 0;
   std::uint64_t deliveredCount = 0;
   std::thread::id deliveryThread;  // nobody's before the first post

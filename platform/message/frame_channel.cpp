@@ -1,15 +1,26 @@
 #include "platform/message/frame_channel.h"
 
-#include <chrono>
+#include <asio/error.hpp>
 #include <span>
 #include <utility>
 
 namespace message {
 namespace {
 
-constexpr std::size_t kMaxQueuedFrames = 256;
-constexpr std::size_t kMaxQueuedBytes = std::size_t{8} << 20;
-constexpr std::chrono::seconds kPatience(1);
+constexpr std::size_t kMaxQueuedCost = std::size_t{8} << 20;
+
+// What a waiting frame takes in memory: its bytes and what keeps them.
+std::size_t CostOf(const SharedBytes& frame) {
+  constexpr std::size_t kKeeping = 128;
+  return frame->size() + kKeeping;
+}
+
+// Empty for the end that the other side makes by closing.
+std::string ReasonOf(const std::error_code& error) {
+  const bool closed = error == asio::error::eof || error == asio::error::broken_pipe ||
+                      error == asio::error::operation_aborted;
+  return closed ? "" : error.message();
+}
 
 }  // namespace
 
@@ -18,32 +29,29 @@ FrameChannel::FrameChannel(std::unique_ptr<LocalStream> connected) : stream(std:
 void FrameChannel::Start(OnFrame onFrame, OnEnd onEnd) {
   frameArrived = std::move(onFrame);
   ended = std::move(onEnd);
+  const std::lock_guard lock(mutex);
   Read();
 }
 
 void FrameChannel::Send(const SharedBytes& frame, WhenFull whenFull) {
   std::unique_lock lock(mutex);
-  const auto hasRoom = [&] { return shut || !Full(frame->size()); };
+  const auto hasRoom = [&] { return shut || queuedCost + CostOf(frame) <= kMaxQueuedCost; };
   if (whenFull == WhenFull::Wait) sent.wait_for(lock, kPatience, hasRoom);
   if (!hasRoom()) Shut("the other side reads too slowly");
   if (shut) return;
   queue.push_back(frame);
-  queuedBytes += frame->size();
+  queuedCost += CostOf(frame);
   if (!writing) SendWaiting();
 }
 
-void FrameChannel::Flush() {
+void FrameChannel::Flush(std::chrono::steady_clock::time_point deadline) {
   std::unique_lock lock(mutex);
-  sent.wait_for(lock, kPatience, [this] { return shut || queue.empty(); });
+  sent.wait_until(lock, deadline, [this] { return shut || queue.empty(); });
 }
 
 void FrameChannel::End(const std::string& reason) {
   const std::lock_guard lock(mutex);
   Shut(reason);
-}
-
-bool FrameChannel::Full(std::size_t bytes) const {
-  return queue.size() >= kMaxQueuedFrames || queuedBytes + bytes > kMaxQueuedBytes;
 }
 
 void FrameChannel::SendWaiting() {
@@ -71,38 +79,54 @@ void FrameChannel::SendRestOfFirst(std::size_t from) {
 }
 
 void FrameChannel::DropFirst() {
-  queuedBytes -= queue.front()->size();
+  queuedCost -= CostOf(queue.front());
   queue.pop_front();
 }
 
-// The read under way then ends and closes the channel.
+// The read under way then ends and closes the channel. After a rest there is one again.
 void FrameChannel::Shut(const std::string& reason) {
   if (shut) return;
   shut = true;
   shutReason = reason;
   stream->Shutdown();
   sent.notify_all();
+  if (std::exchange(resting, false)) Read();
 }
 
 void FrameChannel::Read() {
-  const std::lock_guard lock(mutex);
   stream->AsyncRead(chunk,
                     [self = shared_from_this()](const std::error_code& error, std::size_t bytes) {
-                      if (error)
-                        self->Finish(self->reader.InsideFrame() ? "it ended inside a frame" : "");
-                      else
-                        self->TakeFrames(bytes);
+                      self->reader.Feed(std::span(self->chunk).first(bytes));
+                      self->TakeFrames(error);
                     });
 }
 
-void FrameChannel::TakeFrames(std::size_t bytes) {
+// At the end of the stream too: it can come while the channel rests.
+void FrameChannel::TakeFrames(const std::error_code& end) {
   try {
-    reader.Feed(std::span(chunk).first(bytes));
-    while (const std::optional<Frame> frame = reader.Next()) frameArrived(*frame);
+    while (const std::optional<Frame> frame = reader.Next())
+      if (frameArrived(*frame) == Then::Rest && Rest()) return;
   } catch (const FrameError& error) {
     return Finish(error.what());
   }
+  if (end) return Finish(reader.InsideFrame() ? "it ended inside a frame" : ReasonOf(end));
+  const std::lock_guard lock(mutex);
   Read();
+}
+
+// False at the end, before which all is read that had come.
+bool FrameChannel::Rest() {
+  const std::lock_guard lock(mutex);
+  resting = !shut;
+  return resting;
+}
+
+void FrameChannel::Resume() {
+  {
+    const std::lock_guard lock(mutex);
+    if (!std::exchange(resting, false)) return;
+  }
+  TakeFrames({});
 }
 
 void FrameChannel::Finish(std::string reason) {

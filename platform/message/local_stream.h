@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <system_error>
 
 namespace message {
@@ -48,9 +49,10 @@ extern const int kContextThreads;
 /// socket can be.
 std::filesystem::path LocalAddress(const std::filesystem::path& socket);
 
-/// The connection to the process of this user that listens at the address; null when none takes it
-/// at this moment. Does not wait.
+/// The connection to the process of this user that listens at the address; null, and why, when none
+/// takes it at this moment. Does not wait.
 std::unique_ptr<LocalStream> ConnectLocally(asio::io_context& context,
-                                            const std::filesystem::path& address);
+                                            const std::filesystem::path& address,
+                                            std::string& whyNot);
 
 }  // namespace message

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <chrono>
 #include <deque>
 #include <future>
@@ -16,11 +17,13 @@
 
 #include "common/path_text.h"
 #include "platform/message/broker_connection.h"
+#include "platform/message/frame_channel.h"
 #include "platform/message/ipc_message_client.h"
+#include "platform/message/local_listener.h"
 #include "platform/os/child_process.h"
+#include "tests/message/comes.h"
 #include "tests/message/raw_peer.h"
 #include "tests/support/temporary_folder.h"
-#include "tests/support/test_log.h"
 
 namespace {
 
@@ -33,22 +36,16 @@ constexpr std::uint32_t kOwn = 0x390000;
 constexpr std::uint32_t kOther = 0x3A0000;
 constexpr std::uint32_t kGroup = 0x4000;
 
-// Whether `holds` comes true in time.
-template <typename Condition>
-bool Comes(Condition holds, std::chrono::seconds limit = 20s) {
-  const auto deadline = std::chrono::steady_clock::now() + limit;
-  while (!holds()) {
-    if (std::chrono::steady_clock::now() > deadline) return false;
-    std::this_thread::yield();
-  }
-  return true;
-}
-
-// Takes the log until this stands in it.
-bool IsLogged(const std::string& text) {
-  return Comes([&text, seen = std::string()]() mutable {
-    return (seen += TestLog::Instance().Take()).find(text) != std::string::npos;
-  });
+// Waits until the count has not changed for a while.
+std::uint32_t WhereItStops(const std::atomic<std::uint32_t>& count) {
+  std::uint32_t last = count;
+  for (auto since = std::chrono::steady_clock::now();
+       std::chrono::steady_clock::now() - since < 300ms; std::this_thread::sleep_for(1ms))
+    if (last != count) {
+      last = count;
+      since = std::chrono::steady_clock::now();
+    }
+  return last;
 }
 
 // A client of this process and the ids of the messages that it got.
@@ -201,7 +198,7 @@ TEST_F(BrokerTest, DropsOnlyTheOneWhoDoesNotRead) {
 
   std::uint32_t sent = 0;
   while (sent < 2000 && TestLog::Instance().Take().find("reads too slowly") == std::string::npos) {
-    listener.Post(kGroup, sent++, std::vector<std::uint8_t>(1024));
+    listener.Post(kGroup, sent++, std::vector<std::uint8_t>(16384));
     EXPECT_EQ(good.Read()->messageId, sent - 1);
   }
   EXPECT_LT(sent, 2000u);
@@ -215,6 +212,34 @@ TEST_F(BrokerTest, DropsOnlyTheOneWhoDoesNotRead) {
   std::uint32_t received = 0;
   while (slow.Read()) ++received;
   EXPECT_LT(received, sent);
+}
+
+TEST_F(BrokerTest, KeepsAReaderThatIsBehindABurstOfSmallMessages) {
+  constexpr std::uint32_t kBurst = 20000;
+  message::Broker broker(socket);
+  Listener listener(kOwn);
+  RawPeer behind(socket, {1});
+  Settle(behind, listener);
+  for (std::uint32_t i = 0; i < kBurst; ++i) listener.Post(1, i);
+  for (std::uint32_t i = 0; i < kBurst; ++i) {
+    const auto frame = behind.Read();
+    ASSERT_TRUE(frame) << "dropped after " << i;
+    ASSERT_EQ(frame->messageId, i);
+  }
+}
+
+TEST_F(BrokerTest, EndsInASecondHoweverManyDoNotRead) {
+  auto broker = std::make_unique<message::Broker>(socket);
+  Listener listener(kOwn);
+  std::deque<RawPeer> stuck;
+  for (int i = 0; i < 5; ++i) {
+    stuck.emplace_back(socket, std::vector<std::uint32_t>{kGroup});
+    Settle(stuck.back(), listener);
+  }
+  listener.Post(kGroup, 1, std::vector<std::uint8_t>(message::kMaxBodyBytes));
+  const auto begun = std::chrono::steady_clock::now();
+  broker = nullptr;
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, 3s);
 }
 
 TEST_F(BrokerTest, ServesAHundredProcessesAndKeepsTheOrderOfEach) {
@@ -268,6 +293,71 @@ TEST_F(BrokerTest, RelaysWhileAHandlerOfItsOwnProcessTakesItsTime) {
   EXPECT_EQ(second.Read()->messageId, 7u);
   left.set_value();
   Settle(first, listener);
+}
+
+// A client of this process whose first message keeps it busy until it is told to go on.
+class BusyClient {
+ public:
+  BusyClient() : client(kOther, false) {
+    client.RegisterMessageCallbackAll([this](const tagIPC_MESSAGE_ITEM& item) {
+      if (item.messageId == 0) goOn.get_future().wait();
+      got += item.messageId == got ? 1 : 0;  // in order
+    });
+  }
+  BusyClient(const BusyClient&) = delete;
+  BusyClient& operator=(const BusyClient&) = delete;
+  ~BusyClient() {
+    client.UnRegisterMessageCallbackAll();
+    message::WaitUntilDelivered();
+  }
+
+  std::promise<void> goOn;
+  std::atomic<std::uint32_t> got = 0;
+
+ private:
+  CIPCMessageClient client;
+};
+
+// Writes to the busy client until the connection ends.
+std::thread Flood(RawPeer& peer, std::uint32_t messages, std::atomic<std::uint32_t>& written) {
+  return std::thread([&peer, messages, &written] {
+    try {
+      const std::vector<std::uint8_t> body(message::kMaxBodyBytes);
+      for (std::uint32_t id = 0; id < messages; ++id, ++written) peer.Post(kOther, 1, id, body);
+    } catch (const std::system_error&) {
+    }
+  });
+}
+
+TEST_F(BrokerTest, LetsASenderWaitWhileAHandlerIsBusyAndThenTakesEverything) {
+  constexpr std::uint32_t kMessages = 40;
+  message::Broker broker(socket);
+  Listener listener(kOwn);
+  RawPeer flooding(socket, {1});
+  RawPeer first(socket, {2});
+  RawPeer second(socket, {3});
+  Settle(second, listener);
+  BusyClient busy;
+  std::atomic<std::uint32_t> written = 0;
+  std::thread writer = Flood(flooding, kMessages, written);
+  EXPECT_LE(WhereItStops(written), 12u) << "eight megabytes and what is under way";
+  first.Post(3, 2, 5);
+  EXPECT_EQ(second.Read()->messageId, 5u) << "others are served meanwhile";
+  busy.goOn.set_value();
+  writer.join();
+  EXPECT_TRUE(Comes([&] { return busy.got == kMessages; })) << busy.got;
+}
+
+TEST_F(BrokerTest, EndsWhileASenderWaits) {
+  auto broker = std::make_unique<message::Broker>(socket);
+  RawPeer flooding(socket, {1});
+  BusyClient busy;
+  std::atomic<std::uint32_t> written = 0;
+  std::thread writer = Flood(flooding, 40, written);
+  EXPECT_LT(WhereItStops(written), 40u);
+  broker = nullptr;
+  writer.join();
+  busy.goOn.set_value();
 }
 
 TEST_F(BrokerTest, TakesThePlaceOfADeadBrokerButNotOfALivingOne) {
@@ -336,7 +426,7 @@ TEST_F(BrokerTest, IsReachedAgainByAClientWhenItWasKilled) {
   {
     Listener listener(kOwn);
     std::minstd_rand random(2);
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 24; ++i) {
       const auto broker = Start({PEER_PROGRAM, "broker", common::PathText(socket)});
       const bool answered = i % 4 != 0 || listener.IsAnsweredBy(1);
       EXPECT_TRUE(answered);
@@ -355,6 +445,50 @@ TEST_F(BrokerTest, IsReachedAgainByAClientWhenItWasKilled) {
   const std::string log = TestLog::Instance().Take();
   EXPECT_THAT(log, HasSubstr("test.sock is lost"));
   EXPECT_THAT(log, HasSubstr("test.sock is reached"));
+}
+
+// Takes every connection, sends a message and closes.
+class FickleBroker {
+ public:
+  explicit FickleBroker(const std::filesystem::path& socket)
+      : listener(message::ListenLocally(context, socket)) {
+    Accept();
+  }
+
+  void ServeUntilTaken(int connections) {
+    while (taken < connections) context.run_one();
+  }
+
+ private:
+  void Accept() {
+    listener->AsyncAccept(
+        [this](const std::error_code& error, std::unique_ptr<message::LocalStream> stream, int) {
+          ASSERT_FALSE(error);
+          ++taken;
+          Accept();
+          const auto channel = std::make_shared<message::FrameChannel>(std::move(stream));
+          channel->Start([](const Frame&) { return message::FrameChannel::Then::ReadOn; },
+                         [](const std::string&) {});
+          channel->Send(std::make_shared<const std::vector<std::uint8_t>>(
+                            message::EncodeFrame({FrameKind::Message, kOwn, 1, 1, 0, {}})),
+                        message::FrameChannel::WhenFull::End);
+          channel->End({});
+        });
+  }
+
+  asio::io_context context{message::kContextThreads};
+  std::unique_ptr<message::LocalListener> listener;
+  int taken = 0;
+};
+
+TEST_F(BrokerTest, IsNotOverrunByClientsThatItDoesNotKeep) {
+  Listener listener(kOwn);
+  FickleBroker fickle(socket);
+  const auto begun = std::chrono::steady_clock::now();
+  message::ConnectToBroker(socket);
+  fickle.ServeUntilTaken(7);
+  EXPECT_GT(std::chrono::steady_clock::now() - begun, 600ms) << "10 + 20 + ... + 320";
+  message::DisconnectFromBroker();
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <thread>
@@ -40,6 +42,7 @@ class FrameChannelTest : public testing::Test {
         [this](const Frame& frame) {
           got.push_back(frame.messageId);
           atFrame();
+          return then;
         },
         [this](const std::string& reason) { ended = reason; });
   }
@@ -51,6 +54,7 @@ class FrameChannelTest : public testing::Test {
   std::optional<RawPeer> peer;
   std::shared_ptr<FrameChannel> channel;
   std::function<void()> atFrame = [] {};
+  FrameChannel::Then then = FrameChannel::Then::ReadOn;
   std::vector<std::uint32_t> got;
   std::optional<std::string> ended;
 };
@@ -68,7 +72,7 @@ TEST_F(FrameChannelTest, LeavesWhatItSentToBeReadAfterItsEnd) {
   for (std::uint32_t id : {1, 2, 3})
     channel->Send(FrameOf(id, kQuarter), FrameChannel::WhenFull::End);
   std::thread runner([this] { context.run(); });
-  channel->Flush();
+  channel->Flush(std::chrono::steady_clock::now() + FrameChannel::kPatience);
   channel->End({});
   runner.join();
   EXPECT_EQ(ended, "");
@@ -96,6 +100,34 @@ TEST_F(FrameChannelTest, EndsWhenItsOwnHandlerAsksForIt) {
   peer->Post(1, 2, 3);
   context.run();
   EXPECT_EQ(ended, "asked to");
+}
+
+TEST_F(FrameChannelTest, HandsOutOneFrameAfterAnotherWhenItRestsAfterEach) {
+  then = FrameChannel::Then::Rest;
+  for (std::uint32_t id : {1, 2, 3}) peer->Post(1, 2, id);
+  peer.reset();
+  for (std::size_t resumed = 0; resumed <= 3; ++resumed) {
+    context.run();
+    context.restart();
+    EXPECT_EQ(got.size(), std::min<std::size_t>(resumed + 1, 3));
+    EXPECT_EQ(ended.has_value(), resumed == 3);
+    channel->Resume();
+  }
+  EXPECT_EQ(ended, "");
+}
+
+TEST_F(FrameChannelTest, HandsOutWhatHadComeWhenItIsEndedInARest) {
+  then = FrameChannel::Then::Rest;
+  for (const std::size_t bytes : {std::size_t{1}, std::size_t{1}, kQuarter, std::size_t{1}})
+    peer->Post(1, 2, 3, std::vector<std::uint8_t>(bytes));
+  context.run();
+  context.restart();
+  EXPECT_EQ(got.size(), 1u);
+  channel->End("enough");
+  context.run();
+  EXPECT_EQ(got.size(), 4u) << "what it held back, and what it had not read yet";
+  EXPECT_EQ(ended, "enough");
+  channel->Resume();
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 #include "common/path_text.h"
 #include "platform/message/broker_connection.h"
@@ -27,7 +28,8 @@ fs::path RuntimeFolder() {
   if (session != nullptr && *session == '/' && IsOwnFolder(session)) return session;
   fs::path folder = "/tmp/sysdiagnose-" + std::to_string(geteuid());
   if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
-    throw std::runtime_error(common::PathText(folder) + ": the folder cannot be made");
+    throw std::runtime_error(common::PathText(folder) + ": the folder cannot be made: " +
+                             std::generic_category().message(errno));
   if (!IsOwnFolder(folder))
     throw std::runtime_error(common::PathText(folder) +
                              ": the folder does not belong to this user alone");

@@ -14,7 +14,8 @@ class FileLock {
   FileLock& operator=(FileLock&& other) noexcept;
   ~FileLock();
 
-  /// Nothing when another holds it. Throws std::runtime_error naming a file that cannot be opened.
+  /// Nothing when another holds it. Throws std::runtime_error naming a file that cannot be locked
+  /// or is none of this user's.
   static std::optional<FileLock> TryTake(const std::filesystem::path& file);
 
  private:

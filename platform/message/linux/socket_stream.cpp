@@ -68,15 +68,26 @@ std::filesystem::path LocalAddress(const std::filesystem::path& socket) {
   return socket;
 }
 
-std::unique_ptr<LocalStream> ConnectLocally(asio::io_context& context,
-                                            const std::filesystem::path& address) {
-  Protocol::socket connecting(context);
+std::error_code ConnectAtOnce(Protocol::socket& connecting, const std::filesystem::path& socket) {
   asio::error_code error;
-  connecting.open();
-  connecting.non_blocking(true);  // a broker that does not accept is none
-  connecting.connect(EndpointOf(address), error);
-  if (error || !ProcessOfOwnPeer(connecting.native_handle())) return nullptr;
-  return std::make_unique<SocketStream>(std::move(connecting));
+  connecting.open(Protocol(), error);
+  if (!error) connecting.non_blocking(true, error);
+  if (!error) connecting.connect(EndpointOf(socket), error);
+  if (error == asio::error::no_buffer_space) error = asio::error::try_again;  // Asio renames it
+  return error;
+}
+
+std::unique_ptr<LocalStream> ConnectLocally(asio::io_context& context,
+                                            const std::filesystem::path& address,
+                                            std::string& whyNot) {
+  Protocol::socket connecting(context);
+  if (const std::error_code error = ConnectAtOnce(connecting, address))
+    whyNot = error.message();
+  else if (!ProcessOfOwnPeer(connecting.native_handle()))
+    whyNot = "it belongs to another user";
+  else
+    return std::make_unique<SocketStream>(std::move(connecting));
+  return nullptr;
 }
 
 }  // namespace message

@@ -11,6 +11,11 @@ namespace message {
 /// The address of a socket file. Throws std::runtime_error naming a path that is too long for one.
 asio::local::stream_protocol::endpoint EndpointOf(const std::filesystem::path& socket);
 
+/// Opens the socket and connects it to who listens there, without waiting: one that does not accept
+/// takes nobody.
+std::error_code ConnectAtOnce(asio::local::stream_protocol::socket& connecting,
+                              const std::filesystem::path& socket);
+
 /// The process at the other end of a connected socket if it belongs to the user of this process;
 /// else nothing.
 std::optional<int> ProcessOfOwnPeer(int socket);

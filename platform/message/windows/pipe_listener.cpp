@@ -1,4 +1,3 @@
-#include <asio/error.hpp>
 #include <asio/post.hpp>
 #include <asio/windows/overlapped_ptr.hpp>
 #include <asio/windows/stream_handle.hpp>
@@ -10,6 +9,7 @@
 #include "common/path_text.h"
 #include "platform/message/broker.h"
 #include "platform/message/local_listener.h"
+#include "platform/message/windows/last_error.h"
 #include "platform/message/windows/pipe_client.h"
 #include "platform/message/windows/pipe_stream.h"
 #include "platform/message/windows/user.h"
@@ -24,10 +24,6 @@ constexpr DWORD kBufferBytes = 1 << 16;
 constexpr int kPlaces = 4;
 constexpr std::chrono::milliseconds kPause(20);
 constexpr int kTries = 100;
-
-std::error_code LastError() {
-  return {static_cast<int>(GetLastError()), asio::error::get_system_category()};
-}
 
 // Each process that connects takes one instance of the pipe.
 class PipeListener final : public LocalListener {

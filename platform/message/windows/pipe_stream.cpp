@@ -5,6 +5,7 @@
 #include <asio/post.hpp>
 #include <utility>
 
+#include "platform/message/windows/last_error.h"
 #include "platform/message/windows/pipe_client.h"
 #include "platform/os/windows/handle.h"
 
@@ -58,13 +59,20 @@ std::size_t PipeStream::Available() {
 }
 
 std::unique_ptr<LocalStream> ConnectLocally(asio::io_context& context,
-                                            const std::filesystem::path& address) {
+                                            const std::filesystem::path& address,
+                                            std::string& whyNot) {
   os::Handle pipe = OpenPipe(address);
-  if (!pipe || !IsServedByUser(pipe.Get())) return nullptr;
+  asio::error_code error = pipe ? asio::error_code() : LastError();
+  if (pipe && !IsServedByUser(pipe.Get())) {
+    whyNot = "it belongs to another user";
+    return nullptr;
+  }
   asio::windows::stream_handle connected(context);
-  asio::error_code error;
-  connected.assign(pipe.Get(), error);
-  if (error) return nullptr;
+  if (!error) connected.assign(pipe.Get(), error);
+  if (error) {
+    whyNot = error.message();
+    return nullptr;
+  }
   pipe.Release();
   return std::make_unique<PipeStream>(std::move(connected));
 }

@@ -4,8 +4,8 @@
 #include <sddl.h>
 
 #include <stdexcept>
-#include <system_error>
 
+#include "platform/message/windows/last_error.h"
 #include "platform/os/windows/handle.h"
 
 namespace message {
@@ -38,7 +38,8 @@ std::optional<std::wstring> SidOfProcess(HANDLE process) {
 
 std::wstring UserSid() {
   const auto sid = SidOfProcess(GetCurrentProcess());
-  if (!sid) throw std::runtime_error("the system does not tell who the user is");
+  if (!sid)
+    throw std::runtime_error("the system does not tell who the user is: " + LastError().message());
   return *sid;
 }
 
@@ -67,7 +68,7 @@ OnlyForUser::OnlyForUser() : descriptor(nullptr, &LocalFree) {
   void* made = nullptr;
   if (ConvertStringSecurityDescriptorToSecurityDescriptorW(text.c_str(), SDDL_REVISION_1, &made,
                                                            nullptr) == 0)
-    throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
+    throw std::runtime_error("no access list can be made: " + LastError().message());
   descriptor.reset(made);
   attributes = {sizeof attributes, made, FALSE};
 }
