@@ -1,0 +1,46 @@
+#include "startup/interruptible.h"
+
+#include <atomic>
+#include <thread>
+#include <utility>
+
+#include "platform/os/interrupt.h"
+
+namespace startup {
+namespace {
+
+std::atomic<bool> interrupted = false;
+std::atomic<const std::function<void()>*> current = nullptr;
+std::atomic<int> calls = 0;  // under way, which may be on a thread of the system
+
+void Interrupt() {
+  interrupted = true;
+  ++calls;
+  if (const auto* cancel = current.load()) (*cancel)();
+  --calls;
+}
+
+void ForgetCurrent() {
+  current = nullptr;
+  while (calls != 0) std::this_thread::yield();
+}
+
+}  // namespace
+
+Interruptible::Interruptible(int exitStatus) {
+  interrupted = false;
+  os::OnInterrupt(&Interrupt, exitStatus);
+}
+
+Interruptible::~Interruptible() {
+  ForgetCurrent();
+}
+
+void Interruptible::Cancels(std::function<void()> cancel) {
+  ForgetCurrent();
+  cancelled = std::move(cancel);
+  current = &cancelled;
+  if (interrupted) cancelled();
+}
+
+}  // namespace startup
