@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <iostream>
 
 #include "cli/report_file.h"
 #include "common/path_option.h"
+#include "startup/command_line.h"
 
 namespace cli {
 namespace {
@@ -38,8 +38,6 @@ enmHardwareID ParseCategory(const std::string& text) {
     throw UsageError("unknown category \"" + text + "\"; give a number or one of " + AllNames());
   return static_cast<enmHardwareID>(number);
 }
-
-constexpr const char* kSeeHelp = "; see sysdiagnose --help";
 
 void AddPlainOption(CLI::App& command, Arguments& arguments) {
   command.add_flag("--plain", arguments.plain,
@@ -135,17 +133,7 @@ bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   std::vector<std::string> categories;
   AddGlobalOptions(app, arguments);
   AddCommands(app, arguments, categories);
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::Success& help) {
-    app.exit(help);
-    return false;
-  } catch (const CLI::ParseError& error) {
-    const std::vector<std::string> unknown = app.remaining(true);
-    throw UsageError((unknown.empty() ? std::string(error.what())
-                                      : "unknown command or option \"" + unknown.front() + '"') +
-                     kSeeHelp);
-  }
+  if (!startup::Parse(app, argc, argv)) return false;
   if (!arguments.reportFile.empty() && !IsReportName(arguments.reportFile))
     throw UsageError("a report's file ends in .html or .json");
   std::transform(categories.begin(), categories.end(), std::back_inserter(arguments.categories),

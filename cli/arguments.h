@@ -1,22 +1,19 @@
 #pragma once
 
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "startup/options.h"
+#include "startup/usage_error.h"
 #include "sysdiagnose/base/hardware_id.h"
 
 namespace cli {
 
 enum class Command { List, Info, Run, History, Scan, Check, Record, Serve, Logs };
 
-struct Arguments {
-  std::filesystem::path machineFile;
-  std::filesystem::path dataFolder;
-  std::filesystem::path appFolder;
-  std::filesystem::path systemRoot;
-  std::string language;
+struct Arguments : startup::Options {
+  std::string language;  // empty: the user's
   bool json = false;
   bool capture = false;
   Command command = Command::List;
@@ -34,12 +31,7 @@ struct Arguments {
   bool showArchive = false;
 };
 
-/// What the user typed cannot be meant; the text says what is wrong. It quotes what was typed as it
-/// is, control characters included.
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+using startup::UsageError;
 
 /// Throws UsageError. Returns false when help or the version was asked for and printed.
 bool ParseArguments(int argc, const char* const* argv, Arguments& arguments);

@@ -1,24 +1,14 @@
 #pragma once
 
-#include <functional>
+#include "cli/commands.h"
+#include "startup/interruptible.h"
 
 namespace cli {
 
-/// While it lives, the first Ctrl-C cancels what goes on; the second ends the program. One at a
-/// time, on the main thread.
-class Interruptible {
+/// While it lives, the first Ctrl-C cancels what goes on; the second ends the program as cancelled.
+class Interruptible : public startup::Interruptible {
  public:
-  Interruptible();
-  ~Interruptible();
-  Interruptible(const Interruptible&) = delete;
-  Interruptible& operator=(const Interruptible&) = delete;
-
-  /// From now on a Ctrl-C calls `cancel`, which may only set a flag; one that came before does so
-  /// at once.
-  void Cancels(std::function<void()> cancel);
-
- private:
-  std::function<void()> cancelled;
+  Interruptible() : startup::Interruptible(kCancelled) {}
 };
 
 }  // namespace cli

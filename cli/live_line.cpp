@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "cli/terminal_text.h"
+#include "common/text.h"
 #include "platform/os/console.h"
 
 namespace cli {
@@ -51,7 +53,15 @@ void LiveLine::Draw() {
   if (!onTerminal || shown.empty()) return;
   Erase();
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - since;
-  std::printf("%s  %.1f s", shown.c_str(), elapsed.count());
+  char time[32];
+  const int length = std::snprintf(time, sizeof time, "  %.1f s", elapsed.count());
+  // One row: what runs over into a second one could not be erased.
+  const std::size_t columns = os::OutputColumns();
+  const std::size_t taken = static_cast<std::size_t>(length) + 1;  // the last column stays free
+  const std::wstring text = common::Utf8ToWide(shown);
+  const std::wstring fitting =
+      columns == 0 ? text : Shortened(text, columns > taken ? columns - taken : 0);
+  std::printf("%s%s", common::WideToUtf8(fitting).c_str(), time);
   std::fflush(stdout);
 }
 

@@ -29,19 +29,7 @@ constexpr auto kWide = std::to_array<Range>({{0x1100, 0x115F},
 constexpr auto kEscapes =
     std::to_array<std::string_view>({"\033[31m", "\033[32m", "\033[33m", "\033[90m", "\033[1m"});
 
-bool IsControl(wchar_t c) {
-  const auto code = static_cast<char32_t>(c);
-  return code < 0x20 || (code >= 0x7F && code < 0xA0) || code == 0x2028 || code == 0x2029 ||
-         (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
-}
-
 }  // namespace
-
-std::string Printable(const std::wstring& text) {
-  std::wstring shown = text;
-  std::replace_if(shown.begin(), shown.end(), &IsControl, L'?');
-  return common::WideToUtf8(shown);
-}
 
 std::size_t Columns(const std::wstring& text) {
   std::size_t columns = 0;
@@ -57,6 +45,12 @@ std::size_t Columns(const std::wstring& text) {
 std::string Padded(const std::wstring& text, std::size_t columns) {
   const std::size_t taken = Columns(text);
   return Printable(text) + std::string(taken < columns ? columns - taken : 0, ' ');
+}
+
+std::wstring Shortened(const std::wstring& text, std::size_t columns) {
+  std::wstring fitting = text;
+  while (Columns(fitting) > columns) fitting.pop_back();
+  return fitting;
 }
 
 std::string Coloured(Colour colour, const std::string& text) {

@@ -3,17 +3,21 @@
 #include <cstddef>
 #include <string>
 
+#include "common/printable.h"
+
 // Text for people on a terminal, in UTF-8.
 namespace cli {
 
-/// The text with control characters as "?", so that no device name can drive the terminal.
-std::string Printable(const std::wstring& text);
+using common::Printable;
 
 /// Columns that a printable text takes; East Asian wide characters take two.
 std::size_t Columns(const std::wstring& text);
 
 /// Printable, filled up with blanks to a number of columns.
 std::string Padded(const std::wstring& text, std::size_t columns);
+
+/// As much of the text's beginning as fits into a number of columns.
+std::wstring Shortened(const std::wstring& text, std::size_t columns);
 
 enum class Colour { Red, Green, Yellow, Grey, Bold };
 

@@ -9,7 +9,7 @@ endif()
 
 file(GLOB_RECURSE checked_files CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}
      bench/*.h bench/*.cpp cli/*.h cli/*.cpp common/*.h common/*.cpp fuzz/*.h fuzz/*.cpp manager/*.h manager/*.cpp platform/*.h platform/*.cpp
-     sysdiagnose/*.h sysdiagnose/*.cpp tests/*.h tests/*.cpp)
+     startup/*.h startup/*.cpp sysdiagnose/*.h sysdiagnose/*.cpp tests/*.h tests/*.cpp)
 
 foreach(file IN LISTS checked_files)
   set(stamp ${CMAKE_BINARY_DIR}/checks/${file})

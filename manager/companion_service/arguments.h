@@ -2,16 +2,15 @@
 
 #include <filesystem>
 
+#include "startup/options.h"
+
 namespace companion {
 
-struct Arguments {
-  std::filesystem::path dataFolder;
-  std::filesystem::path machineFile;
-  std::filesystem::path socket;
+struct Arguments : startup::Options {
+  std::filesystem::path socket;  // empty: the user's own
 };
 
-/// False when help was asked for and printed, or after an error was printed; `exitStatus` is then
-/// set.
-bool ParseArguments(int argc, const char* const* argv, Arguments& arguments, int& exitStatus);
+/// Throws startup::UsageError. Returns false when help was asked for and printed.
+bool ParseArguments(int argc, const char* const* argv, Arguments& arguments);
 
 }  // namespace companion

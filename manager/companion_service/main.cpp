@@ -1,18 +1,13 @@
 #include <atomic>
 #include <chrono>
-#include <cstdio>
-#include <exception>
 
 #include "manager/companion_service/arguments.h"
 #include "manager/companion_service/companion_service.h"
-#include "platform/machine/current.h"
-#include "platform/machine/machine_files/machine_file.h"
 #include "platform/message/broker_connection.h"
 #include "platform/os/clock.h"
-#include "platform/os/console.h"
-#include "platform/os/interrupt.h"
 #include "platform/os/paths.h"
-#include "platform/util/log_file.h"
+#include "startup/interruptible.h"
+#include "startup/program.h"
 
 namespace {
 
@@ -20,15 +15,10 @@ using namespace std::chrono_literals;
 
 constexpr auto kLook = 50ms;
 constexpr auto kLongestLoss = 10s;
-
-std::atomic<bool> endAsked = false;
-
-void AskToEnd() {
-  endAsked = true;
-}
+constexpr int kEndedAtOnce = 1;
 
 // Until the end is asked for, or no broker has been reached for some time.
-void Serve(const companion::Arguments& arguments) {
+void Serve(const companion::Arguments& arguments, const std::atomic<bool>& endAsked) {
   message::ConnectToBroker(arguments.socket.empty() ? message::DefaultBrokerSocket()
                                                     : arguments.socket);
   {
@@ -46,21 +36,14 @@ void Serve(const companion::Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  os::PrepareOutput();
-  try {
+  return startup::RunProgram("companion-service", [argc, argv] {
     companion::Arguments arguments;
-    int exitStatus = 0;
-    if (!companion::ParseArguments(argc, argv, arguments, exitStatus)) return exitStatus;
-    os::OnInterrupt(&AskToEnd, 1);
-    if (!arguments.dataFolder.empty())
-      os::SetDataFolder(std::filesystem::absolute(arguments.dataFolder));
-    if (!arguments.machineFile.empty())
-      machine::SetCurrent(machine::ReadMachineFile(arguments.machineFile));
-    util::StartLogFile(os::DataFolder() / "log");
-    Serve(arguments);
+    if (!companion::ParseArguments(argc, argv, arguments)) return 0;
+    std::atomic<bool> endAsked = false;
+    startup::Interruptible interruptible(kEndedAtOnce);
+    interruptible.Cancels([&endAsked] { endAsked = true; });
+    startup::PutInForce(arguments);
+    Serve(arguments, endAsked);
     return 0;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "companion-service: %s\n", error.what());
-    return 2;
-  }
+  });
 }

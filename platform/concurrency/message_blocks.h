@@ -1,12 +1,12 @@
 #pragma once
 
-#include <condition_variable>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <utility>
 
+#include "platform/concurrency/condition.h"
 #include "platform/os/export.h"
 #include "platform/os/module_pin.h"
 
@@ -39,7 +39,7 @@ class UTIL_API SerialQueue {
 
 struct TimerState;
 
-/// Ticks on the runtime's timer thread until stopped.
+/// Ticks on a runtime thread until stopped, by the clock that was in force when it was started.
 class UTIL_API Ticker {
  public:
   Ticker(unsigned periodMs, bool repeating, std::function<void()> tick, const void* owner);
@@ -48,7 +48,7 @@ class UTIL_API Ticker {
   ~Ticker();
 
   void Start();
-  void Stop();  // no tick runs or starts after it has returned
+  void Stop();  // no tick runs or starts after it has returned, but the one that calls it
 
  private:
   std::shared_ptr<TimerState> state;
@@ -74,8 +74,8 @@ class call : public ITarget<Value> {
 };
 
 /// Sends a value to a target each `periodMs` milliseconds, or once. Starts when told; stop() and
-/// the destructor return when no tick runs any more. The target outlives the timer. The module
-/// stays loaded until the timer is stopped, or has sent its one value.
+/// the destructor return when no tick runs any more, unless a tick calls them. The target outlives
+/// the timer. The module stays loaded until the timer is stopped, or has sent its one value.
 template <typename Value>
 class timer {
  public:
@@ -98,13 +98,13 @@ class unbounded_buffer : public ITarget<Value> {
   void send(Value value) override {
     const std::lock_guard lock(mutex);
     values.push_back(std::move(value));
-    filled.notify_one();
+    filled.NotifyOne();
   }
 
   /// Takes the oldest value; waits for one.
   Value receive() {
     std::unique_lock lock(mutex);
-    filled.wait(lock, [this] { return !values.empty(); });
+    filled.Wait(lock, [this] { return !values.empty(); });
     return Take();
   }
 
@@ -124,7 +124,7 @@ class unbounded_buffer : public ITarget<Value> {
   }
 
   std::mutex mutex;
-  std::condition_variable filled;
+  detail::Condition filled;
   std::deque<Value> values;
 };
 

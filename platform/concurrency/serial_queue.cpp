@@ -8,7 +8,7 @@ namespace concurrency::detail {
 struct CallState {
   const void* owner = nullptr;
   std::mutex mutex;
-  std::condition_variable drained;
+  Condition drained;
   std::deque<std::function<void()>> steps;
   bool running = false;
 };
@@ -35,7 +35,7 @@ void Drain(CallState& state) {
     lock.lock();
   }
   state.running = false;
-  state.drained.notify_all();
+  state.drained.NotifyAll();
 }
 
 }  // namespace
@@ -47,7 +47,7 @@ SerialQueue::SerialQueue(const void* owner) : state(std::make_shared<CallState>(
 SerialQueue::~SerialQueue() {
   if (os::IsLastThreadOfEndingProcess()) return;
   std::unique_lock lock(state->mutex);
-  state->drained.wait(lock, [this] { return !state->running; });
+  state->drained.Wait(lock, [this] { return !state->running; });
 }
 
 void SerialQueue::Post(std::function<void()> step) {

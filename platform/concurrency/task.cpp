@@ -1,18 +1,19 @@
 #include "platform/concurrency/task.h"
 
-#include <condition_variable>
 #include <mutex>
 #include <vector>
 
 #include "common/log.h"
+#include "platform/concurrency/condition.h"
 #include "platform/concurrency/worker_pool.h"
+#include "platform/os/workers.h"
 
 namespace concurrency {
 namespace detail {
 
 struct TaskState {
   std::mutex mutex;
-  std::condition_variable changed;
+  Condition changed;
   bool done = false;
   std::exception_ptr error;
   std::vector<Job> continuations;
@@ -43,7 +44,7 @@ void Run(TaskState& state, std::function<void()>& work) {
     state.error = std::move(error);
     state.done = true;
     continuations.swap(state.continuations);
-    state.changed.notify_all();
+    state.changed.NotifyAll();
   }
   for (Job& next : continuations) WorkerPool::Instance().Post(std::move(next));
 }
@@ -85,7 +86,7 @@ bool task<void>::is_done() const {
 void task<void>::get() const {
   if (!state) return;
   std::unique_lock lock(state->mutex);
-  state->changed.wait(lock, [this] { return state->done; });
+  state->changed.Wait(lock, [this] { return state->done; });
   if (state->error) std::rethrow_exception(state->error);
 }
 
@@ -113,6 +114,10 @@ task<void> task<void>::Continue(std::function<void(const task&)> next, const voi
 
 void wait_until_idle() {
   detail::WorkerPool::Instance().WaitUntilIdle();
+}
+
+void wait_until_quiet() {
+  os::WaitUntilWorkersRest();
 }
 
 }  // namespace concurrency

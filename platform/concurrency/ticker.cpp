@@ -1,80 +1,80 @@
-#include <asio/io_context.hpp>
-#include <asio/post.hpp>
-#include <asio/steady_timer.hpp>
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <thread>
 
 #include "common/log.h"
 #include "platform/concurrency/message_blocks.h"
+#include "platform/concurrency/worker_pool.h"
+#include "platform/os/clock.h"
 #include "platform/os/process_end.h"
 
 namespace concurrency::detail {
-namespace {
 
-// The one thread that timers tick on.
-asio::io_context& TimerThread() {
-  static asio::io_context& context = *[] {
-    auto* made = new asio::io_context(1);
-    std::thread([made] {
-      const auto work = asio::make_work_guard(*made);
-      made->run();
-    }).detach();
-    return made;
-  }();
-  return context;
-}
-
-}  // namespace
-
-struct TimerState : std::enable_shared_from_this<TimerState> {
+// A started timer has a worker that waits and ticks. Its job holds the module until the timer is
+// stopped, or has ticked once and does not repeat.
+struct TimerState {
   std::chrono::milliseconds period{};
   bool repeating = false;
   const void* owner = nullptr;
-
-  std::recursive_mutex mutex;  // held while a tick runs, so that Stop waits for it
-  os::ModulePin pin;           // while started, and until a tick that stops its timer has ended
   std::function<void()> tick;
-  unsigned run = 0;  // counts starts and stops; a wait of an earlier run does nothing
+  os::Wakeup changed;
+
+  std::mutex mutex;  // guards what follows; not held while waiting and ticking
   bool started = false;
-  bool ticking = false;
-
-  asio::steady_timer timer{TimerThread()};  // timer thread only
-
-  void WaitForNext(unsigned waitedRun) {
-    timer.async_wait([self = shared_from_this(), waitedRun](const asio::error_code& error) {
-      if (!error) self->Tick(waitedRun);
-    });
-  }
-
-  void RunTick() {
-    ticking = true;
-    try {
-      tick();
-    } catch (...) {
-      COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.concurrency"),
-                       "A timer's tick failed: " + common::DescribeCurrentException());
-    }
-    ticking = false;
-  }
-
-  void Tick(unsigned waitedRun) {
-    os::ModulePin released;  // without the lock: this may unload the module, and destroy its timers
-    const std::lock_guard lock(mutex);
-    if (!started || run != waitedRun) return;
-    RunTick();
-    if (run == waitedRun) {
-      if (repeating) {
-        timer.expires_at(timer.expiry() + period);
-        WaitForNext(waitedRun);
-        return;
-      }
-      started = false;
-    }
-    if (!started) released = std::move(pin);
-  }
+  os::Clock* clock = nullptr;
+  std::chrono::nanoseconds due{};  // of the next tick, on that clock
+  std::uint64_t changes = 0;       // starts and stops
+  std::uint64_t seen = 0;          // how many of them the worker acts upon
+  Condition hasSeen;
+  bool hasWorker = false;
+  std::thread::id worker;
 };
+
+namespace {
+
+using Lock = std::unique_lock<std::mutex>;
+
+void Wait(TimerState& timer, Lock& lock) {
+  os::Clock& clock = *timer.clock;
+  const std::chrono::nanoseconds due = timer.due;
+  lock.unlock();
+  clock.WaitUntil(timer.changed, due);
+  lock.lock();
+}
+
+void Tick(TimerState& timer, Lock& lock) {
+  lock.unlock();
+  try {
+    timer.tick();
+  } catch (...) {
+    COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.concurrency"),
+                     "A timer's tick failed: " + common::DescribeCurrentException());
+  }
+  lock.lock();
+  if (timer.changes != timer.seen) return;
+  timer.due += timer.period;
+  timer.started = timer.repeating;
+}
+
+void TickUntilStopped(TimerState& timer) {
+  Lock lock(timer.mutex);
+  timer.worker = std::this_thread::get_id();
+  for (;;) {
+    timer.seen = timer.changes;
+    timer.hasSeen.NotifyAll();
+    if (!timer.started) break;
+    if (timer.clock->Now() < timer.due)
+      Wait(timer, lock);
+    else
+      Tick(timer, lock);
+  }
+  timer.hasWorker = false;
+  timer.worker = {};
+}
+
+}  // namespace
 
 Ticker::Ticker(unsigned periodMs, bool repeating, std::function<void()> tick, const void* owner)
     : state(std::make_shared<TimerState>()) {
@@ -85,32 +85,35 @@ Ticker::Ticker(unsigned periodMs, bool repeating, std::function<void()> tick, co
 }
 
 Ticker::~Ticker() {
-  if (os::IsLastThreadOfEndingProcess()) return;
-  Stop();
-  const std::lock_guard lock(state->mutex);
-  state->tick = nullptr;  // a wait that has not been cancelled yet may outlive the caller's module
+  if (!os::IsLastThreadOfEndingProcess()) Stop();
 }
 
 void Ticker::Start() {
   const std::lock_guard lock(state->mutex);
   if (state->started) return;
-  state->pin = os::ModulePin::OfAddress(state->owner);
+  state->clock = &os::CurrentClock();
+  state->due = state->clock->Now() + state->period;
+  if (!state->hasWorker) {
+    constexpr bool kAwaited = false;
+    WorkerPool::Instance().Post({os::ModulePin::OfAddress(state->owner),
+                                 [timer = state] { TickUntilStopped(*timer); }, kAwaited});
+  }
+  state->hasWorker = true;
   state->started = true;
-  asio::post(TimerThread(), [timer = state, run = ++state->run,
-                             due = std::chrono::steady_clock::now() + state->period] {
-    timer->timer.expires_at(due);
-    timer->WaitForNext(run);
-  });
+  ++state->changes;
+  state->changed.Wake();
 }
 
 void Ticker::Stop() {
-  os::ModulePin released;
-  const std::lock_guard lock(state->mutex);
-  if (!state->started) return;
-  state->started = false;
-  ++state->run;
-  if (!state->ticking) released = std::move(state->pin);
-  asio::post(TimerThread(), [timer = state] { timer->timer.cancel(); });
+  Lock lock(state->mutex);
+  if (state->started) {
+    state->started = false;
+    ++state->changes;
+    state->changed.Wake();
+  }
+  if (!state->hasWorker || state->worker == std::this_thread::get_id()) return;
+  state->hasSeen.Wait(lock,
+                      [&timer = *state, stop = state->changes] { return timer.seen >= stop; });
 }
 
 }  // namespace concurrency::detail

@@ -1,7 +1,8 @@
 #include "platform/concurrency/worker_pool.h"
 
-#include <thread>
 #include <utility>
+
+#include "platform/os/workers.h"
 
 namespace concurrency::detail {
 
@@ -13,23 +14,23 @@ WorkerPool& WorkerPool::Instance() {
 void WorkerPool::Post(Job job) {
   const std::lock_guard lock(mutex);
   if (jobs.size() >= free) {
-    std::thread([this] { Work(); }).detach();
+    os::StartWorker([this] { Work(); });
     ++free;
   }
+  if (job.awaited) ++unfinished;
   jobs.push_back(std::move(job));
-  ++unfinished;
-  posted.notify_one();
+  posted.NotifyOne();
 }
 
 void WorkerPool::WaitUntilIdle() {
   std::unique_lock lock(mutex);
-  finished.wait(lock, [this] { return unfinished == 0; });
+  finished.Wait(lock, [this] { return unfinished == 0; });
 }
 
 void WorkerPool::Work() {
   for (;;) {
     std::unique_lock lock(mutex);
-    posted.wait(lock, [this] { return !jobs.empty(); });
+    posted.Wait(lock, [this] { return !jobs.empty(); });
     Job job = std::move(jobs.front());
     jobs.pop_front();
     --free;
@@ -48,7 +49,7 @@ void WorkerPool::Run(Job& job) {
   }
   job.pin = os::ModulePin();
   const std::lock_guard lock(mutex);
-  if (--unfinished == 0) finished.notify_all();
+  if (job.awaited && --unfinished == 0) finished.NotifyAll();
 }
 
 }  // namespace concurrency::detail

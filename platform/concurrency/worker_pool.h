@@ -1,10 +1,10 @@
 #pragma once
 
-#include <condition_variable>
 #include <deque>
 #include <functional>
 #include <mutex>
 
+#include "platform/concurrency/condition.h"
 #include "platform/os/module_pin.h"
 
 namespace concurrency::detail {
@@ -13,6 +13,7 @@ namespace concurrency::detail {
 struct Job {
   os::ModulePin pin;
   std::function<void()> work;  // throws nothing
+  bool awaited = true;         // by WaitUntilIdle
 };
 
 /// Threads that each run one job at a time; a job never waits for a thread, and a thread without a
@@ -29,11 +30,11 @@ class WorkerPool {
   void Run(Job& job);
 
   std::mutex mutex;
-  std::condition_variable posted;
-  std::condition_variable finished;
+  Condition posted;
+  Condition finished;
   std::deque<Job> jobs;
   std::size_t free = 0;        // threads that will take a job without being told more
-  std::size_t unfinished = 0;  // jobs that wait, run, or still hold their module
+  std::size_t unfinished = 0;  // awaited jobs that wait, run, or still hold their module
 };
 
 }  // namespace concurrency::detail

@@ -1,7 +1,6 @@
 #include "platform/duilib/culture.h"
 
 #include <exception>
-#include <mutex>
 #include <string_view>
 #include <utility>
 
@@ -53,13 +52,11 @@ CultureTexts InstalledTexts() {
 
 }  // namespace
 
-// Not written to once loaded, so that readers need no lock.
 struct UICulture::Table {
-  std::once_flag loaded;
   CultureTexts texts;
 };
 
-UICulture::UICulture() : table(std::make_unique<Table>()) {}
+UICulture::UICulture() = default;
 UICulture::~UICulture() = default;
 
 UICulture* UICulture::GetInstance() {
@@ -69,16 +66,23 @@ UICulture* UICulture::GetInstance() {
 
 void UICulture::SetLanguage(const std::string& language, const std::filesystem::path& resources) {
   const auto folder = resources / "culture";
-  auto fresh = std::make_unique<Table>();
-  fresh->texts = language == kIdsLanguage ? IdTexts(folder) : ReadWithFallback(folder, language);
-  std::call_once(fresh->loaded, [] {});  // what throws in there may leave a flag locked
-  table = std::move(fresh);
+  const auto fresh = std::make_shared<const Table>(
+      Table{language == kIdsLanguage ? IdTexts(folder) : ReadWithFallback(folder, language)});
+  const std::lock_guard lock(mutex);
+  table = fresh;
+}
+
+// Held by who reads it, so that it lives as long as it is read.
+std::shared_ptr<const UICulture::Table> UICulture::InUse() const {
+  const std::lock_guard lock(mutex);
+  if (!table) table = std::make_shared<const Table>(Table{InstalledTexts()});
+  return table;
 }
 
 CDuiString UICulture::GetString(const CDuiString& id) const {
-  std::call_once(table->loaded, [this] { table->texts = InstalledTexts(); });
-  const auto found = table->texts.find(id);
-  return found == table->texts.end() ? id : found->second;
+  const auto inUse = InUse();
+  const auto found = inUse->texts.find(id);
+  return found == inUse->texts.end() ? id : found->second;
 }
 
 CDuiString UICulture::GetMultiVarStr(const CDuiString& id,

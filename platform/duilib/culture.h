@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -13,7 +14,7 @@ namespace DuiLib {
 using CDuiString = std::wstring;
 
 /// The culture table: string ids ("IDS_...") to texts in the language of the user interface.
-/// Lookups from any thread; SetLanguage is for a program's start.
+/// Any thread: a look-up sees the table before or after a change of language.
 class DUILIB_API UICulture {
  public:
   static UICulture* GetInstance();
@@ -40,7 +41,10 @@ class DUILIB_API UICulture {
   UICulture();
   ~UICulture();
 
-  std::unique_ptr<Table> table;
+  std::shared_ptr<const Table> InUse() const;
+
+  mutable std::mutex mutex;
+  mutable std::shared_ptr<const Table> table;  // null until it is asked for or set
 };
 
 }  // namespace DuiLib

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <deque>
-#include <exception>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -21,9 +20,16 @@ struct Waiting {
 
 class Queue {
  public:
-  void Add(Waiting waiting) {
+  // Whether no other closure waits.
+  bool Add(Waiting waiting) {
     const std::lock_guard lock(mutex);
     closures.push_back(std::move(waiting));
+    return closures.size() == 1;
+  }
+
+  bool IsEmpty() {
+    const std::lock_guard lock(mutex);
+    return closures.empty();
   }
 
   // How many closures were ever added.
@@ -53,24 +59,46 @@ Queue& TheQueue() {
   return queue;
 }
 
-void ReportFailure(const std::string& reason) {
-  COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.duilib"), "a UI closure failed: " + reason);
+// What wakes the window loop.
+struct WakeUp {
+  std::mutex mutex;  // held during a call, so that none outlives its loop
+  Waiting call;
+};
+
+WakeUp& TheWakeUp() {
+  static WakeUp& wakeUp = *new WakeUp;
+  return wakeUp;
 }
 
-void Run(const std::function<void()>& closure) {
+void Run(const std::function<void()>& function, const char* what) {
   try {
-    closure();
-  } catch (const std::exception& error) {
-    ReportFailure(error.what());
+    function();
   } catch (...) {
-    ReportFailure("unknown exception");
+    COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.duilib"),
+                     what + (" failed: " + common::DescribeCurrentException()));
   }
+}
+
+void WakeLoop() {
+  WakeUp& wakeUp = TheWakeUp();
+  const std::lock_guard lock(wakeUp.mutex);
+  if (wakeUp.call.closure) Run(wakeUp.call.closure, "the wake-up of the UI loop");
 }
 
 }  // namespace
 
 void UIMainQueue::Post(std::function<void()> closure, const void* owner) {
-  TheQueue().Add({os::ModulePin::OfAddress(owner), std::move(closure)});
+  if (TheQueue().Add({os::ModulePin::OfAddress(owner), std::move(closure)})) WakeLoop();
+}
+
+void UIMainQueue::KeepWakeUp(std::function<void()> wakeUp, const void* owner) {
+  Waiting kept{wakeUp ? os::ModulePin::OfAddress(owner) : os::ModulePin(), std::move(wakeUp)};
+  {
+    const std::lock_guard lock(TheWakeUp().mutex);
+    std::swap(TheWakeUp().call.closure, kept.closure);
+    std::swap(TheWakeUp().call.pin, kept.pin);
+  }
+  if (!TheQueue().IsEmpty()) WakeLoop();
 }
 
 std::size_t UIMainQueue::RunPending() {
@@ -80,9 +108,10 @@ std::size_t UIMainQueue::RunPending() {
   // One at a time, not as a batch: a closure that opens a modal window runs the rest of this round
   // from that window's loop, still in order.
   while (const auto oldest = queue.TakeBefore(limit)) {
-    Run(oldest->closure);
+    Run(oldest->closure, "a UI closure");
     ++ran;
   }
+  if (!queue.IsEmpty()) WakeLoop();
   return ran;
 }
 

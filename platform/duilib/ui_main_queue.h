@@ -23,8 +23,21 @@ class DUILIB_API UIMainQueue {
   /// Returns how many ran.
   static std::size_t RunPending();
 
+  /// Sets what wakes the loop of the UI thread: called when a closure comes while none waits, on
+  /// the thread that dispatches it, and when RunPending leaves some for its next call; at once if
+  /// some wait already. It only wakes the loop, and uses nothing of this queue. One at a time. It
+  /// is pinned like a closure.
+  template <typename Callable>
+  static void SetWakeUp(Callable wakeUp) {
+    KeepWakeUp(std::function<void()>(std::move(wakeUp)), os::AddressInCaller<Callable>());
+  }
+
+  /// The loop has ended. When this returns nothing calls its wake-up any more.
+  static void ClearWakeUp() { KeepWakeUp({}, nullptr); }
+
  private:
   static void Post(std::function<void()> closure, const void* owner);
+  static void KeepWakeUp(std::function<void()> wakeUp, const void* owner);
 };
 
 }  // namespace DuiLib

@@ -13,8 +13,8 @@ UTIL_API std::filesystem::path DefaultBrokerSocket();
 
 /// From now on the clients of this process exchange messages with other processes through the
 /// broker at this socket. Tries once before it returns, and is true when the broker was reached;
-/// whenever there is no connection it tries again, at intervals that grow to half a second. Meanwhile
-/// messages are delivered inside the process only. For a program's start. Throws
+/// whenever there is no connection it tries again, at intervals that grow to half a second.
+/// Meanwhile messages are delivered inside the process only. For a program's start. Throws
 /// std::runtime_error naming the path for one where no socket can be; std::logic_error when this
 /// process has a broker or a connection already.
 UTIL_API bool ConnectToBroker(const std::filesystem::path& socket);

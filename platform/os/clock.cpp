@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <ctime>
-#include <thread>
 
 #include "platform/os/local_time.h"
 
@@ -13,12 +12,23 @@ class SystemClock final : public Clock {
  public:
   std::int64_t SecondsSinceEpoch() override { return std::time(nullptr); }
   LocalTime Local() override { return SystemLocalTime(); }
-  void Sleep(std::chrono::nanoseconds time) override { std::this_thread::sleep_for(time); }
+  std::chrono::nanoseconds Now() override {
+    return std::chrono::steady_clock::now().time_since_epoch();
+  }
+  void WaitUntil(Wakeup& wakeup, std::chrono::nanoseconds time) override {
+    wakeup.WaitUntil(std::chrono::steady_clock::time_point(time));
+  }
 };
 
 std::atomic<Clock*> replacement = nullptr;
 
 }  // namespace
+
+void Clock::Sleep(std::chrono::nanoseconds time) {
+  Wakeup nobodyWakes;
+  const std::chrono::nanoseconds end = Now() + time;
+  while (Now() < end) WaitUntil(nobodyWakes, end);
+}
 
 Clock& CurrentClock() {
   static SystemClock& system = *new SystemClock;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "platform/os/export.h"
 
 // The terminal that a program's standard streams may be. For a program's main thread.
@@ -11,6 +13,9 @@ UTIL_API void PrepareOutput();
 
 /// Whether standard output is a terminal that a person watches and that knows escape sequences.
 UTIL_API bool OutputIsTerminal();
+
+/// Columns of the terminal that standard output is; 0 when nobody knows.
+UTIL_API std::size_t OutputColumns();
 
 /// Whether standard input is a terminal, where a person can answer.
 UTIL_API bool InputIsTerminal();

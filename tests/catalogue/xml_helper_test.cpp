@@ -36,6 +36,9 @@ TEST(DetectItems, StartAtTheFirstItemElementAndGoOnWhateverTheName) {
                    "<DetectItem id='9' name='n' description='d'>" + Item("10") +
                    "</DetectItem></sysdiagnose>"),
               ElementsAre(4, 5, 5, 9));
+  EXPECT_THAT(Read("<!-- c --><x/><sysdiagnose><!-- " + Item("5") + " -->" + Item("6") +
+                   "</sysdiagnose><sysdiagnose>" + Item("8") + "</sysdiagnose>"),
+              ElementsAre(6));
   EXPECT_THAT(Read("<sysdiagnose><wrong/></sysdiagnose>"), ElementsAre());
   EXPECT_THAT(Read(""), ElementsAre());
 }

@@ -34,6 +34,10 @@ class ExitStatusTest : public testing::Test {
 
 constexpr const char* kLastUntested = "-1,-1,-1,-1,-1,-1,-1,-1,-1,1,0,";
 
+constexpr const char* kMemoryThenProcessor =
+    "<sysdiagnose><DetectItem id='5' name='' description=''/>"
+    "<DetectItem id='4' name='' description=''/></sysdiagnose>";
+
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
   for (std::size_t at = 0, end; (end = text.find('\n', at)) != std::string::npos; at = end + 1)
@@ -122,6 +126,39 @@ TEST_F(ExitStatusTest, AnInterruptLetsTheCategoryEndAndKeepsWhatWasTested) {
       << lines[19];
   EXPECT_EQ(R"({"type":"record",)" + History().substr(1), lines[19] + "\n");
   EXPECT_EQ(Data("messages.jsonl"), "");
+}
+
+// What is not read holds the scan back inside its first category.
+TEST_F(ExitStatusTest, AnInterruptEndsAScanAfterItsCategory) {
+  std::string modules;
+  for (int i = 0; i < 1000; ++i) modules += '"' + std::string(300, 'x') + "\",";
+  const auto machine = Machine(R"({"info":{"CCpu":{"GetCpuName":"Sample CPU"},)"
+                               R"("CMemory":{"GetPartNumberbyIndex":[)" +
+                               modules + R"("last"]}}})");
+  WriteText(folder.path / "app/config/SysdiagnoseList.xml", kMemoryThenProcessor);
+  Program program(Words(machine, {"scan", "--app-dir", (folder.path / "app").string()}));
+  ASSERT_TRUE(program.ReadUntil(R"("category":5)"));
+  program.Interrupt();
+  const Outcome outcome = program.Wait();
+  EXPECT_EQ(outcome.exitStatus, 3);
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(Lines(outcome.output).back(), R"({"type":"ended"})");
+  EXPECT_NE(outcome.output.find(R"("value":"last")"), std::string::npos);
+  EXPECT_EQ(outcome.output.find(R"("category":4)"), std::string::npos);
+}
+
+TEST_F(ExitStatusTest, AnInterruptEndsACheckAfterItsCategory) {
+  const auto machine = Machine(R"({"tests":{"CMemFaultDetect::CheckLineSeq":{"delayMs":600}}})");
+  WriteText(folder.path / "app/config/SysdiagnoseList.xml", kMemoryThenProcessor);
+  Program program(Words(machine, {"check", "--app-dir", (folder.path / "app").string()}));
+  ASSERT_TRUE(program.ReadUntil(R"("state":1,)"));
+  program.Interrupt();
+  const Outcome outcome = program.Wait();
+  EXPECT_EQ(outcome.exitStatus, 3);
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_NE(Lines(outcome.output).back().find(R"("state":2,)"), std::string::npos);
+  EXPECT_EQ(outcome.output.find(R"("category":4)"), std::string::npos);
+  EXPECT_EQ(History(), "");
 }
 
 TEST_F(ExitStatusTest, ASecondInterruptEndsTheProgramAtOnce) {

@@ -3,13 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <mutex>
 #include <stdexcept>
+#include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/concurrency/message_blocks.h"
+#include "tests/support/virtual_clock.h"
 
 namespace concurrency {
 namespace {
+
+using namespace std::chrono_literals;
 
 std::string MessageOf(const task<void>& ended) {
   try {
@@ -73,6 +79,62 @@ TEST(Task, WaitingUntilIdleCoversDetachedWorkAndContinuations) {
   go.send(1);
   wait_until_idle();
   EXPECT_EQ(ran, 2);
+}
+
+// One who steps through time sees each moment settled before the next.
+TEST(Task, AStepThroughTimeEndsWhenAllWorkHasEndedOrRests) {
+  VirtualClock clock;
+  std::mutex mutex;
+  std::vector<std::string> done;
+  const auto note = [&](const std::string& what) {
+    const std::lock_guard lock(mutex);
+    done.push_back(std::to_string(clock.Now() / 1ms) + " " + what);
+  };
+  unbounded_buffer<int> gate;
+  call<int> called([&](int) { note("tick"); });
+  timer<int> ticking(30, 0, &called, true);
+  const auto sleeping = create_task([&] {
+    clock.Sleep(50ms);
+    note("slept");
+    gate.send(1);
+  });
+  create_task([&] {
+    gate.receive();
+    note("came through the gate");
+  });
+  create_task([&] {
+    sleeping.get();
+    clock.Sleep(25ms);
+    note("slept after another");
+  });
+  ticking.start();
+  clock.Advance(49ms);
+  EXPECT_EQ(done, std::vector<std::string>{"30 tick"});
+  clock.Advance(51ms);
+  EXPECT_EQ(done, (std::vector<std::string>{"30 tick", "50 slept", "50 came through the gate",
+                                            "60 tick", "75 slept after another", "90 tick"}));
+  ticking.stop();
+}
+
+// Several workers wait for work at any time here, and several threads hand it over. A wake-up that
+// is lost shows as a test that does not end; --gtest_repeat makes the soak longer.
+TEST(Task, NoStartIsLostHoweverManyWorkersWait) {
+  constexpr int kStarters = 4;
+  constexpr int kStarts = 2500;
+  std::atomic<int> ran = 0;
+  std::vector<std::thread> starters;
+  starters.reserve(kStarters);
+  for (int i = 0; i < kStarters; ++i)
+    starters.emplace_back([&ran] {
+      unbounded_buffer<int> answers;
+      for (int start = 0; start < kStarts; ++start) {
+        const auto asked = create_task([&] { answers.send(start); });
+        create_task([&] { ran += answers.receive() == start ? 1 : 0; }).get();
+        asked.get();
+      }
+    });
+  for (std::thread& starter : starters) starter.join();
+  EXPECT_EQ(ran, kStarters * kStarts);
 }
 
 }  // namespace

@@ -2,8 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <thread>
+#include <vector>
 
 #include "tests/support/temporary_folder.h"
 
@@ -56,6 +59,26 @@ TEST_F(CultureTest, ALanguageStandsInFrontOfEnglish) {
 
   Use("en-US");
   EXPECT_EQ(culture.GetString(L"IDS_PLAIN"), L"Disk");
+}
+
+TEST_F(CultureTest, ReadersOnAnyThreadSeeOneLanguageOrTheOther) {
+  Use("en-US");
+  std::atomic<bool> ended = false;
+  std::atomic<int> wrong = 0;
+  std::vector<std::thread> readers;
+  readers.reserve(4);
+  for (int i = 0; i < 4; ++i)
+    readers.emplace_back([&] {
+      while (!ended) {
+        const std::wstring text = culture.GetString(L"IDS_PLAIN");
+        if (text != L"Disk" && text != L"硬盘") ++wrong;
+        if (culture.GetMultiVarStr(L"IDS_ONE", {L"3"}) != L"Found: 3") ++wrong;
+      }
+    });
+  for (int change = 0; change < 200; ++change) Use(change % 2 == 0 ? "zh-CN" : "en-US");
+  ended = true;
+  for (std::thread& reader : readers) reader.join();
+  EXPECT_EQ(wrong, 0);
 }
 
 TEST_F(CultureTest, ArgumentsFillMessagePatternsOnly) {

@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -83,6 +86,79 @@ TEST_F(UIMainQueueTest, ClosuresOfManyThreadsAllRunEachThreadsInItsOrder) {
   Marks inOrder;
   for (int mark = 0; mark < kEach; ++mark) inOrder.push_back(mark);
   EXPECT_EQ(seen, std::vector<Marks>(kThreads, inOrder));
+}
+
+// A window loop: it sleeps until it is woken, and then runs what waits.
+class Loop {
+ public:
+  Loop() {
+    UIMainQueue::SetWakeUp([this] {
+      const std::lock_guard lock(mutex);
+      ++wakeUps;
+      woken.notify_all();
+    });
+  }
+  Loop(const Loop&) = delete;
+  Loop& operator=(const Loop&) = delete;
+  ~Loop() { UIMainQueue::ClearWakeUp(); }
+
+  int TakeWakeUps() {
+    const std::lock_guard lock(mutex);
+    return std::exchange(wakeUps, 0);
+  }
+
+  void SleepThenRun() {
+    {
+      std::unique_lock lock(mutex);
+      woken.wait(lock, [this] { return wakeUps > 0; });
+      wakeUps = 0;
+    }
+    UIMainQueue::RunPending();
+  }
+
+ private:
+  std::mutex mutex;
+  std::condition_variable woken;
+  int wakeUps = 0;
+};
+
+TEST_F(UIMainQueueTest, ALoopIsWokenForTheFirstClosureAndForThoseLeftBehind) {
+  Append(1);
+  Loop loop;
+  EXPECT_EQ(loop.TakeWakeUps(), 1) << "a closure waited before there was a loop";
+  UIMainQueue::RunPending();
+  EXPECT_EQ(loop.TakeWakeUps(), 0);
+  UIMainQueue::dispatch([this] { Append(3); });
+  Append(2);
+  EXPECT_EQ(loop.TakeWakeUps(), 1) << "the second came while the first waited";
+  UIMainQueue::RunPending();
+  EXPECT_EQ(marks, (Marks{1, 2}));
+  EXPECT_EQ(loop.TakeWakeUps(), 1) << "the third would wait for ever";
+  UIMainQueue::RunPending();
+  EXPECT_EQ(marks, (Marks{1, 2, 3}));
+}
+
+TEST_F(UIMainQueueTest, ASleepingLoopRunsWhateverManyThreadsDispatch) {
+  constexpr int kThreads = 4;
+  constexpr int kEach = 500;
+  int ran = 0;
+  Loop loop;
+  std::vector<std::thread> threads;
+  threads.reserve(kThreads);
+  for (int i = 0; i < kThreads; ++i)
+    threads.emplace_back([&ran] {
+      for (int each = 0; each < kEach; ++each) UIMainQueue::dispatch([&ran] { ++ran; });
+    });
+  while (ran < kThreads * kEach) loop.SleepThenRun();
+  for (std::thread& thread : threads) thread.join();
+}
+
+TEST_F(UIMainQueueTest, AWakeUpThatThrowsLosesNoClosure) {
+  UIMainQueue::SetWakeUp([] { throw std::runtime_error("no such window"); });
+  Append(1);
+  UIMainQueue::ClearWakeUp();
+  UIMainQueue::RunPending();
+  EXPECT_EQ(marks, Marks{1});
 }
 
 }  // namespace

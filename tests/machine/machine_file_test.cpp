@@ -8,7 +8,7 @@
 
 #include "common/log.h"
 #include "platform/machine/machine_files/machine_file.h"
-#include "platform/os/clock.h"
+#include "tests/support/fake_clock.h"
 
 namespace machine {
 namespace {
@@ -35,18 +35,6 @@ std::string ReadAll(const std::filesystem::path& file) {
   EXPECT_TRUE(stream) << file;
   return (std::ostringstream() << stream.rdbuf()).str();
 }
-
-// Keeps the time that was slept instead of sleeping it.
-class SleepRecorder : public os::Clock {
- public:
-  SleepRecorder() { os::SetClock(this); }
-  ~SleepRecorder() override { os::SetClock(nullptr); }
-  std::int64_t SecondsSinceEpoch() override { return 0; }
-  os::LocalTime Local() override { return {}; }
-  void Sleep(std::chrono::nanoseconds time) override { slept += time; }
-
-  std::chrono::nanoseconds slept{0};
-};
 
 TEST(MachineFile, NamesPlaceAndReasonOfEveryFault) {
   struct Row {
@@ -191,16 +179,16 @@ TEST(MachineFile, GivesSuccessiveAnswersAndRepeatsTheLast) {
 }
 
 TEST(MachineFile, DelaysAndThenThrows) {
-  SleepRecorder clock;
+  FakeClock clock;
   const auto machine = ParseMachine(R"({"tests": {
       "CAudioDetect::CheckLoopBack": {"delayMs": 450},
       "CBatteryDetect::TestLoss": {"delayMs": 50, "throws": "library fault"}}})",
                                     "m");
   EXPECT_EQ(machine->Test(TestCall::AudioLoopBack, 0, -1).code, 0u);
-  EXPECT_EQ(clock.slept, std::chrono::milliseconds(450));
+  EXPECT_EQ(clock.Now(), std::chrono::milliseconds(450));
   EXPECT_THAT([&] { machine->Test(TestCall::BatteryLoss, 0, -1); },
               testing::ThrowsMessage<std::runtime_error>("library fault"));
-  EXPECT_EQ(clock.slept, std::chrono::milliseconds(500));
+  EXPECT_EQ(clock.Now(), std::chrono::milliseconds(500));
 }
 
 TEST(MachineFile, ReadsAWholeHealthyMachine) {

@@ -6,27 +6,16 @@
 #include <thread>
 #include <vector>
 
-#include "platform/os/clock.h"
 #include "platform/os/paths.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_log.h"
+#include "tests/support/virtual_clock.h"
 
 namespace {
 
-class FixedClock : public os::Clock {
- public:
-  std::int64_t SecondsSinceEpoch() override { return 1'710'000'000; }
-  os::LocalTime Local() override { return {}; }
-  void Sleep(std::chrono::nanoseconds) override {}
-};
-
 class EventDataReportTest : public testing::Test {
  protected:
-  EventDataReportTest() {
-    os::SetDataFolder(folder.path);
-    os::SetClock(&clock);
-  }
-  ~EventDataReportTest() override { os::SetClock(nullptr); }
+  EventDataReportTest() { os::SetDataFolder(folder.path); }
 
   static bool Send(const std::string& id, const std::string& payload) {
     EventDataReport& report = EventDataReport::Instance();
@@ -36,7 +25,7 @@ class EventDataReportTest : public testing::Test {
   std::string Written() const { return ReadText(folder.path / "events.jsonl"); }
 
   TemporaryFolder folder;
-  FixedClock clock;
+  VirtualClock clock{1'710'000'000};
 };
 
 TEST_F(EventDataReportTest, WritesOneValidJsonLineWhateverTheBytes) {

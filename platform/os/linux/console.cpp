@@ -1,5 +1,6 @@
 #include "platform/os/console.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace os {
@@ -8,6 +9,11 @@ void PrepareOutput() {}  // it is so already
 
 bool OutputIsTerminal() {
   return isatty(STDOUT_FILENO) == 1;
+}
+
+std::size_t OutputColumns() {
+  winsize size{};
+  return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 bool InputIsTerminal() {

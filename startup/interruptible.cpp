@@ -1,38 +1,46 @@
-#include "cli/interruptible.h"
+#include "startup/interruptible.h"
 
 #include <atomic>
+#include <thread>
 #include <utility>
 
-#include "cli/commands.h"
 #include "platform/os/interrupt.h"
 
-namespace cli {
+namespace startup {
 namespace {
 
 std::atomic<bool> interrupted = false;
 std::atomic<const std::function<void()>*> current = nullptr;
+std::atomic<int> calls = 0;  // under way, which may be on a thread of the system
 
 void Interrupt() {
   interrupted = true;
+  ++calls;
   if (const auto* cancel = current.load()) (*cancel)();
+  --calls;
+}
+
+void ForgetCurrent() {
+  current = nullptr;
+  while (calls != 0) std::this_thread::yield();
 }
 
 }  // namespace
 
-Interruptible::Interruptible() {
+Interruptible::Interruptible(int exitStatus) {
   interrupted = false;
-  os::OnInterrupt(&Interrupt, kCancelled);
+  os::OnInterrupt(&Interrupt, exitStatus);
 }
 
 Interruptible::~Interruptible() {
-  current = nullptr;
+  ForgetCurrent();
 }
 
 void Interruptible::Cancels(std::function<void()> cancel) {
-  current = nullptr;
+  ForgetCurrent();
   cancelled = std::move(cancel);
   current = &cancelled;
   if (interrupted) cancelled();
 }
 
-}  // namespace cli
+}  // namespace startup

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+
+namespace startup {
+
+/// While it lives, the first interrupt cancels what goes on; the second ends the program. One at a
+/// time, on the main thread.
+class Interruptible {
+ public:
+  /// `exitStatus` is that of a program which a second interrupt ends.
+  explicit Interruptible(int exitStatus);
+  ~Interruptible();
+  Interruptible(const Interruptible&) = delete;
+  Interruptible& operator=(const Interruptible&) = delete;
+
+  /// From now on an interrupt calls `cancel`, which may only set a flag; one that came before does
+  /// so at once.
+  void Cancels(std::function<void()> cancel);
+
+ private:
+  std::function<void()> cancelled;
+};
+
+}  // namespace startup

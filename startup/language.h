@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace startup {
+
+/// The language of the texts that the user's environment asks for, of those that have a file in the
+/// resource folder's culture/: the user's own, else one of the same language elsewhere, else en-US.
+std::string UserLanguage(const std::filesystem::path& resources);
+
+}  // namespace startup

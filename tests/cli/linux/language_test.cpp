@@ -1,0 +1,69 @@
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+#include "tests/cli/program.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+// An environment variable of this process and of those that it starts.
+class Variable {
+ public:
+  Variable(const char* variable, const char* value) : name(variable) {
+    if (const char* set = std::getenv(name)) before = set;
+    if (value != nullptr)
+      setenv(name, value, 1);
+    else
+      unsetenv(name);
+  }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+  ~Variable() {
+    if (before)
+      setenv(name, before->c_str(), 1);
+    else
+      unsetenv(name);
+  }
+
+ private:
+  const char* name;
+  std::optional<std::string> before;
+};
+
+TEST(Language, IsThatOfTheUsersLocaleUnlessTheCommandLineNamesOne) {
+  const std::string chinese = "处理器";
+  const std::string english = "Processor";
+  const struct {
+    const char* all;
+    const char* messages;
+    const char* lang;
+    std::vector<std::string> option;
+    std::string caption;
+  } cases[] = {
+      {nullptr, nullptr, "zh_CN.UTF-8", {}, chinese},
+      {nullptr, "zh_CN", "en_US.UTF-8", {}, chinese},
+      {"zh_CN.utf8", "en_US", "en_US.UTF-8", {}, chinese},
+      {"en_GB.UTF-8", "zh_CN", "zh_CN.UTF-8", {}, english},
+      {"", "", "zh_TW.UTF-8@radical", {}, chinese},  // the same language elsewhere
+      {nullptr, nullptr, "zha_CN", {}, english},     // another language
+      {nullptr, nullptr, "de_DE.UTF-8", {}, english},
+      {"C", nullptr, "zh_CN.UTF-8", {}, english},
+      {nullptr, nullptr, nullptr, {}, english},
+      {nullptr, nullptr, "zh_CN.UTF-8", {"--lang", "en-US"}, english},
+  };
+  const TemporaryFolder folder;
+  WriteText(folder.path / "machine.json", "{}");
+  for (const auto& user : cases) {
+    const Variable all("LC_ALL", user.all);
+    const Variable messages("LC_MESSAGES", user.messages);
+    const Variable lang("LANG", user.lang);
+    std::vector<std::string> words{"--machine", (folder.path / "machine.json").string(),
+                                   "--data-dir", (folder.path / "data").string(), "list"};
+    words.insert(words.end(), user.option.begin(), user.option.end());
+    EXPECT_THAT(RunProgram(words).output, testing::HasSubstr(user.caption))
+        << (user.lang == nullptr ? "none" : user.lang);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,112 @@
+#include "tests/cli/linux/terminal.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/cli/program.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+class TerminalTest : public testing::Test {
+ protected:
+  std::vector<std::string> Words(const std::string& language, const std::string& machine,
+                                 const std::vector<std::string>& command) const {
+    WriteText(folder.path / "machine.json", machine);
+    std::vector<std::string> words{"--lang",     language,
+                                   "--machine",  (folder.path / "machine.json").string(),
+                                   "--data-dir", (folder.path / "data").string()};
+    words.insert(words.end(), command.begin(), command.end());
+    return words;
+  }
+
+  // The columns in which the texts begin, each in the last row that holds it.
+  static std::vector<std::size_t> ColumnsOf(const Screen& screen,
+                                            const std::vector<std::string>& texts) {
+    std::vector<std::size_t> columns;
+    for (std::size_t row = 0; row < screen.Rows().size(); ++row)
+      for (const std::string& text : texts)
+        if (const auto column = screen.ColumnOf(row, text)) columns.push_back(*column);
+    return columns;
+  }
+
+  const TemporaryFolder folder;
+};
+
+TEST_F(TerminalTest, TheLiveLineKeepsToItsRowAndLeavesNothingBehind) {
+  for (const unsigned short columns : {80, 24}) {
+    SCOPED_TRACE(columns);
+    Terminal terminal(
+        Words("en-US", R"({"tests":{"CMemFaultDetect::CheckStuckAddr":{"delayMs":600}}})",
+              {"run", "memory"}),
+        columns);
+    ASSERT_TRUE(terminal.ReadUntil("  0.4 s")) << terminal.Written();
+    EXPECT_THAT(terminal.Shown().Rows().back(),
+                testing::AllOf(StartsWith("[1/1] Memory"), testing::EndsWith("  0.4 s")));
+    EXPECT_EQ(terminal.Wait(), 0);
+    EXPECT_THAT(terminal.Shown().Rows(), Not(Contains(HasSubstr("[1/1]"))));
+  }
+}
+
+TEST_F(TerminalTest, ShowsTheSameLinesAsAFileGetsButInColour) {
+  const auto words = Words("en-US", R"({"tests":{"CVideoCardDetect::CheckDevice":5}})",
+                           {"run", "display", "graphics"});
+  Terminal terminal(words, 200);
+  EXPECT_EQ(terminal.Wait(), 1);
+  EXPECT_THAT(terminal.Written(), HasSubstr("\033[31mABNORMAL\033[0m"));
+  const auto withoutEnd = [](const std::string& text) {
+    return text.substr(0, text.find("Took "));
+  };
+  std::string shown;
+  for (const std::string& row : terminal.Shown().Rows()) shown += row + "\n";
+  EXPECT_EQ(withoutEnd(shown), withoutEnd(RunProgram(words).output));
+}
+
+constexpr const char* kFaultyGraphics = R"({
+    "tests": {"CVideoCardDetect::CheckDevice": [5, 0]},
+    "repairs": {"CVideoCardDetect::RepairVIDEOCARDProblems": {"code": 0, "text": "done"}}})";
+
+TEST_F(TerminalTest, ARepairIsMadeIfTheAnswerIsYes) {
+  const struct {
+    std::string keys;
+    bool repairs;
+    int exitStatus;
+  } cases[] = {{"y\n", true, 0}, {"n\n", false, 1}, {"\n", false, 1}, {"\x04", false, 1}};
+  for (const auto& answer : cases) {
+    SCOPED_TRACE(testing::PrintToString(answer.keys));
+    Terminal terminal(Words("en-US", kFaultyGraphics, {"run", "graphics", "--repair"}));
+    ASSERT_TRUE(terminal.ReadUntil("? [y/N] ")) << terminal.Written();
+    EXPECT_THAT(terminal.Shown().Rows().back(), StartsWith("Repair Graphics card? [y/N]"));
+    terminal.Type(answer.keys);
+    EXPECT_EQ(terminal.Wait(), answer.exitStatus);
+    EXPECT_EQ(terminal.Written().find("repaired") != std::string::npos, answer.repairs)
+        << terminal.Written();
+  }
+}
+
+TEST_F(TerminalTest, WideCharactersLeaveTheColumnsStraight) {
+  const char* machine = R"({"info":{"CCpu":{"GetCpuName":"Sample"}}})";
+  Terminal check(Words("zh-CN", machine, {"check"}));
+  EXPECT_EQ(check.Wait(), 0);
+  const std::vector<std::size_t> states = ColumnsOf(check.Shown(), {"testing...", "normal"});
+  EXPECT_GT(states.size(), 12u);
+  EXPECT_THAT(states, testing::Each(20)) << check.Written();
+}
+
+// The terminal sends the interrupt.
+TEST_F(TerminalTest, CtrlCEndsARunAfterItsCategory) {
+  Terminal terminal(Words("en-US",
+                          R"({"tests":{"CMemFaultDetect::CheckStuckAddr":{"delayMs":600}}})",
+                          {"run", "memory", "display"}));
+  ASSERT_TRUE(terminal.ReadUntil("  0.2 s"));
+  terminal.Type("\x03");
+  EXPECT_EQ(terminal.Wait(), 3);
+  EXPECT_THAT(terminal.Shown().Rows(), Contains(StartsWith("The run was cancelled")));
+  EXPECT_THAT(terminal.Written(), Not(HasSubstr("[2/2]")));
+}
+
+}  // namespace
