@@ -14,6 +14,7 @@
 #include "platform/os/console.h"
 #include "platform/os/paths.h"
 #include "platform/util/log_file.h"
+#include "platform/util/process_store.h"
 
 namespace {
 
@@ -34,6 +35,10 @@ void SetUp(const cli::Arguments& arguments) {
   if (arguments.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
 }
 
+void PrintError(const std::string& text) {
+  std::fprintf(stderr, "sysdiagnose: %s\n", cli::Printable(common::Utf8ToWide(text)).c_str());
+}
+
 constexpr int (*kCommands[])(const cli::Arguments&) = {
     &cli::RunList,  &cli::RunInfo,      &cli::RunDiagnosis, &cli::RunHistory, &cli::RunScan,
     &cli::RunCheck, &cli::RunRecording, &cli::RunServe,     &cli::RunLogs};
@@ -49,10 +54,10 @@ int main(int argc, char** argv) {
     SetUp(arguments);
     status = kCommands[static_cast<std::size_t>(arguments.command)](arguments);
   } catch (const std::exception& error) {
-    const std::string line = cli::Printable(common::Utf8ToWide(error.what()));
-    std::fprintf(stderr, "sysdiagnose: %s\n", line.c_str());
+    PrintError(error.what());
   }
   concurrency::wait_until_idle();
   message::WaitUntilDelivered();
+  for (const std::string& notice : util::StoreNotices()) PrintError(notice);
   return status;
 }
