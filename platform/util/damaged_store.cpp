@@ -37,11 +37,8 @@ bool IsOfNewerFormat(const fs::path& file) {
 // Empty for a sound store. Throws for one that cannot be looked at.
 std::string DamageOf(const fs::path& file, Patience& patience) {
   try {
-    StoreFile store(file, SQLite::OPEN_READONLY, patience);
-    const bool isSound = store.Use([](SQLite::Database& database) {
-      return database.execAndGet("PRAGMA integrity_check(1)").getString() == "ok";
-    });
-    return isSound ? std::string() : common::PathText(file) + ": is damaged";
+    StoreFile(file, SQLite::OPEN_READONLY, patience).Check();
+    return {};
   } catch (const StoreError& error) {
     if (!error.TellsOfDamage()) throw;
     if (IsOfNewerFormat(file)) throw StoreError(file, "is of a newer format");

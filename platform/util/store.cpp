@@ -38,6 +38,8 @@ StoreFile OpenWriter(const std::filesystem::path& file, Patience& patience) {
     database.exec("PRAGMA synchronous=FULL");
     database.exec(CreateStatements());
   });
+  // Much damage, as a page cut off, never shows as an error: rows are just not found.
+  writer.Check();
   return writer;
 }
 

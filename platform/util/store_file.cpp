@@ -56,6 +56,12 @@ StoreError::StoreError(const std::filesystem::path& file, const SQLite::Exceptio
   isDamage = error.getErrorCode() == SQLITE_CORRUPT || error.getErrorCode() == SQLITE_NOTADB;
 }
 
+StoreError StoreError::OfDamage(const std::filesystem::path& file) {
+  StoreError error(file, "is damaged");
+  error.isDamage = true;
+  return error;
+}
+
 StoreFile::StoreFile(std::filesystem::path file, int flags, Patience& patience)
     : path(std::move(file)), database(Open(path, flags)) {
   sqlite3_busy_handler(database.getHandle(), WaitForOthers, &patience);
@@ -63,6 +69,15 @@ StoreFile::StoreFile(std::filesystem::path file, int flags, Patience& patience)
 
 void StoreFile::LeaveAsItIs() {
   sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
+void StoreFile::Check() {
+  const bool isSound = Use([](SQLite::Database& opened) {
+    return opened.execAndGet("PRAGMA integrity_check(1)").getString() == "ok";
+  });
+  if (isSound) return;
+  LeaveAsItIs();
+  throw StoreError::OfDamage(path);
 }
 
 bool StoreFile::HasMoved() {

@@ -17,6 +17,7 @@ class StoreError : public std::runtime_error {
  public:
   StoreError(const std::filesystem::path& file, const std::string& reason);
   StoreError(const std::filesystem::path& file, const SQLite::Exception& error, int systemError);
+  static StoreError OfDamage(const std::filesystem::path& file);
 
   /// Whether the content is damaged, as opposed to out of reach.
   bool TellsOfDamage() const { return isDamage; }
@@ -44,6 +45,9 @@ class StoreFile {
   /// Closing then leaves the file and those beside it as they are. Done by itself where damage
   /// shows.
   void LeaveAsItIs();
+
+  /// Reads the whole file. Throws what tells of damage.
+  void Check();
 
   /// Whether the file no longer stands under its name.
   bool HasMoved();

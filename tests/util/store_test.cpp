@@ -133,6 +133,7 @@ TEST(DamagedStore, IsSetAsideAndItsRegistryGoesOverWhereItCanBeRead) {
   } cases[] = {
       {"no store", [](std::string) { return std::string("long enough to tell"); }, false},
       {"cut off", [](std::string bytes) { return bytes.substr(0, 4 * kPage + 7); }, true},
+      {"last page", [](std::string bytes) { return bytes.substr(0, bytes.size() - 1000); }, true},
       {"first page", [](std::string bytes) { return bytes.replace(0, kPage, kPage, 'x'); }, false},
       {"rows",
        [](std::string bytes) {
