@@ -6,7 +6,6 @@
 
 #include "common/path_text.h"
 #include "platform/os/clock.h"
-#include "platform/util/store_file.h"
 
 namespace util {
 namespace {
@@ -20,6 +19,13 @@ fs::path With(const fs::path& file, std::string_view ending) {
   fs::path longer = file;
   longer += ending;
   return longer;
+}
+
+// An empty SQLite file is a lock on every system, and lets go when its process dies.
+StoreFile LockFile(const fs::path& file, const char* take, Patience& patience) {
+  StoreFile lock(With(file, ".lock"), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, patience);
+  lock.Use([take](SQLite::Database& database) { database.exec(take); });
+  return lock;
 }
 
 // An SQLite file that only a newer SQLite can read says so in its header, and is no damaged one.
@@ -110,10 +116,17 @@ void RenameAll(const fs::path& file, const fs::path& name, Patience& patience) {
 
 }  // namespace
 
+std::optional<StoreFile> KeepNames(const fs::path& file, Patience& patience) {
+  try {
+    return LockFile(file, "BEGIN; SELECT * FROM sqlite_master", patience);
+  } catch (const StoreError& error) {
+    if (error.TellsOfAnother()) throw;
+    return std::nullopt;
+  }
+}
+
 std::optional<DamagedStore> SetAsideDamagedStore(const fs::path& file, Patience& patience) {
-  // An empty SQLite file is a lock on every system, and lets go when its process dies.
-  StoreFile lock(With(file, ".lock"), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, patience);
-  lock.Use([](SQLite::Database& database) { database.exec("BEGIN EXCLUSIVE"); });
+  const StoreFile lock = LockFile(file, "BEGIN EXCLUSIVE", patience);
   if (!fs::exists(file)) return std::nullopt;
   DamagedStore damaged;
   damaged.damage = DamageOf(file, patience);

@@ -54,6 +54,7 @@ StoreFile OpenReader(const std::filesystem::path& file, Patience& patience) {
   // A read-only connection would still attach other files or write a copy of this one.
   reader.Use([](SQLite::Database& database) {
     sqlite3_set_authorizer(database.getHandle(), AllowReadingOnly, nullptr);
+    database.execAndGet("SELECT COUNT(*) FROM sqlite_master");  // opens the side files now
   });
   return reader;
 }
@@ -140,6 +141,7 @@ Store::~Store() = default;
 Store::Connections& Store::Open() {
   while (!connections || connections->writer.HasMoved()) {
     connections.reset();
+    const std::optional<StoreFile> names = KeepNames(file, patience);
     connections = std::make_unique<Connections>(file, patience);
   }
   return *connections;
@@ -168,8 +170,10 @@ void Store::MendAndRetry(Work work) {
   try {
     work(Open());
   } catch (const StoreError& error) {
-    if (!error.TellsOfDamage()) throw;
-    ReplaceDamaged();
+    if (error.TellsOfDamage())
+      ReplaceDamaged();
+    else if (!connections || !connections->writer.HasMoved())
+      throw;
     work(Open());
   }
   patience.Renew();

@@ -53,7 +53,9 @@ StoreError::StoreError(const std::filesystem::path& file, const std::string& rea
 StoreError::StoreError(const std::filesystem::path& file, const SQLite::Exception& error,
                        int systemError)
     : StoreError(file, ReasonOf(error, systemError)) {
-  isDamage = error.getErrorCode() == SQLITE_CORRUPT || error.getErrorCode() == SQLITE_NOTADB;
+  const int code = error.getErrorCode();
+  isDamage = code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+  isHeld = code == SQLITE_BUSY || code == SQLITE_LOCKED;
 }
 
 StoreError StoreError::OfDamage(const std::filesystem::path& file) {

@@ -22,8 +22,12 @@ class StoreError : public std::runtime_error {
   /// Whether the content is damaged, as opposed to out of reach.
   bool TellsOfDamage() const { return isDamage; }
 
+  /// Whether another held the file for too long.
+  bool TellsOfAnother() const { return isHeld; }
+
  private:
   bool isDamage = false;
+  bool isHeld = false;
 };
 
 /// A connection to one SQLite file. Waits for others that hold the file as long as `patience`,
