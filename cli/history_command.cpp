@@ -1,8 +1,10 @@
 #include <cstdio>
+#include <stdexcept>
 
 #include "cli/commands.h"
 #include "cli/json_line.h"
 #include "cli/terminal_text.h"
+#include "platform/util/process_store.h"
 #include "sysdiagnose/records/history_store.h"
 
 namespace cli {
@@ -28,6 +30,8 @@ void PrintText(const HistoryRecord& record) {
 
 int RunHistory(const Arguments& arguments) {
   LoadDailyHistory(arguments.historyCount, [&](const std::vector<HistoryRecord>& records) {
+    const std::string fault = util::TakeStoreReadFault();
+    if (!fault.empty()) throw std::runtime_error(fault);
     for (const HistoryRecord& record : records) {
       if (arguments.json)
         JsonLine().AddCells(record);
@@ -36,7 +40,7 @@ int RunHistory(const Arguments& arguments) {
     }
     if (records.empty() && !arguments.json) std::puts("No run in the last 90 days.");
   });
-  return kAllNormal;
+  return util::StoreNotices().empty() ? kAllNormal : kWrongUsage;
 }
 
 }  // namespace cli

@@ -96,9 +96,12 @@ class HtmlReportWriter {
     const bool bad = std::ranges::any_of(report.categories,
                                          [this](const auto& each) { return NeedsAttention(each); });
     const wchar_t* const unfinished = kUnfinished[static_cast<std::size_t>(report.end)];
-    page.Html(bad || unfinished ? "<div class=\"notice bad\">\n" : "<div class=\"notice\">\n");
+    page.Html(bad || unfinished || !report.notKept.empty() ? "<div class=\"notice bad\">\n"
+                                                           : "<div class=\"notice\">\n");
     if (unfinished != nullptr) page.Html("<p>").Label(unfinished).Html("</p>\n");
     if (!report.error.empty()) page.Html("<p>").Text(report.error).Html("</p>\n");
+    if (!report.notKept.empty())
+      page.Html("<p>").Label(L"NOT_KEPT").Html(" ").Text(report.notKept).Html("</p>\n");
     if (bad) {
       page.Html("<p><strong>").Label(L"ATTENTION").Html("</strong></p>\n<ul>\n");
       for (const ReportCategory& category : report.categories)

@@ -34,6 +34,7 @@ class JsonReportWriter {
     if (!report.error.empty()) Add("error", report.error);
     AddList("categories", report.categories, &JsonReportWriter::Category);
     AddRecord();
+    if (!report.notKept.empty()) Add("notKept", report.notKept);
     AddList("history", report.history, &JsonReportWriter::Day);
     if (!report.historyFault.empty()) Add("historyFault", report.historyFault);
     writer.EndObject();

@@ -87,7 +87,10 @@ class JsonRunPrinter final : public RunPrinter {
         .Add("firstFaulty", std::int64_t{firstFaulty});
   }
 
-  void Record(const RunRecord& record) override { JsonLine("record").AddCells(record); }
+  void Record(const RunRecord& record, const std::string& notKept) override {
+    JsonLine("record").AddCells(record);
+    if (!notKept.empty()) JsonLine("notKept").Add("error", notKept);
+  }
 };
 
 }  // namespace

@@ -78,9 +78,10 @@ class ReportCollector final : public RunPrinter {
     next->RepairFinished(all, restart, firstFaulty);
   }
 
-  void Record(const RunRecord& record) override {
+  void Record(const RunRecord& record, const std::string& notKept) override {
     report.record = record;
-    next->Record(record);
+    report.notKept = notKept;
+    next->Record(record, notKept);
   }
 
  private:

@@ -6,14 +6,27 @@
 #include "cli/report_file.h"
 #include "cli/run_printer.h"
 #include "platform/concurrency/task.h"
+#include "platform/util/process_store.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/engine/diagnose_engine.h"
+#include "sysdiagnose/records/history_store.h"
 
 namespace cli {
 
 using namespace orv::sysdiagnose;
 
 namespace {
+
+// Empty for a record that the store has taken and gives back. The engine looks at neither; its last
+// write is the record.
+std::string WhyNotKept(const RunRecord& record) {
+  std::string fault = util::StoreWriteFault();
+  if (!fault.empty()) return fault;
+  util::TakeStoreReadFault();
+  if (IsHistoryRecordStored(record)) return {};
+  fault = util::TakeStoreReadFault();
+  return fault.empty() ? "the data store does not give the record back" : fault;
+}
 
 // One run of the terminal program: a detection, and repairs when they are asked for.
 class Diagnosis {
@@ -74,7 +87,8 @@ class Diagnosis {
 
   ExitStatus Status() const {
     if (ended != kAllNormal) return ended;
-    return troubled.empty() && engine.Record().failCount == 0 ? kAllNormal : kSomethingAbnormal;
+    if (!troubled.empty() || engine.Record().failCount != 0) return kSomethingAbnormal;
+    return isKept ? kAllNormal : kWrongUsage;
   }
 
  private:
@@ -91,13 +105,17 @@ class Diagnosis {
   void WaitForEnd() {
     interruptible.Cancels([this] { engine.CancelDetect(); });
     engine.Wait();
-    if (ended != kRunFailed) printer.Record(engine.Record());
+    if (ended == kRunFailed) return;
+    const std::string fault = WhyNotKept(engine.Record());
+    if (!fault.empty()) isKept = false;
+    printer.Record(engine.Record(), fault);
   }
 
   const std::vector<enmHardwareID> selection;
   RunPrinter& printer;
   std::set<enmHardwareID> troubled;  // categories with an abnormal item, disks included
   ExitStatus ended = kAllNormal;     // how the last run came to an end
+  bool isKept = true;                // every record, read back
   DiagnoseEngine engine;
   Interruptible interruptible;  // after the engine that it cancels
 };

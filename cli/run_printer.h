@@ -38,7 +38,8 @@ class RunPrinter {
                                     int position) = 0;
   virtual void RepairFinished(bool all, bool restart, int firstFaulty) = 0;
 
-  virtual void Record(const orv::sysdiagnose::RunRecord& record) = 0;
+  /// `notKept` says why the store does not have the record; it is empty when it has.
+  virtual void Record(const orv::sysdiagnose::RunRecord& record, const std::string& notKept) = 0;
 };
 
 /// One JSON object per call.

@@ -6,6 +6,7 @@
 
 #include "common/log.h"
 #include "platform/machine/current.h"
+#include "platform/util/process_store.h"
 #include "sysdiagnose/records/history_store.h"
 
 namespace cli {
@@ -37,6 +38,7 @@ int DaysBack(std::int64_t secondTime) {
 }
 
 void AddHistory(RunReport& report) {
+  util::TakeStoreReadFault();
   try {
     LoadDailyHistory(kDays, [&report](const std::vector<HistoryRecord>& records) {
       for (const HistoryRecord& record : records)
@@ -44,7 +46,9 @@ void AddHistory(RunReport& report) {
     });
   } catch (...) {
     report.historyFault = common::DescribeCurrentException();
+    return;
   }
+  report.historyFault = util::TakeStoreReadFault();
 }
 
 }  // namespace

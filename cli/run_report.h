@@ -60,6 +60,7 @@ struct RunReport {
   std::string error;                       // of a failed run
   std::vector<ReportCategory> categories;  // in the order of the selection, each once
   std::optional<orv::sysdiagnose::RunRecord> record;
+  std::string notKept;             // why the store does not have the record
   std::vector<ReportDay> history;  // newest first
   std::string historyFault;        // why there is none
 };

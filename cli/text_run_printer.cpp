@@ -59,7 +59,7 @@ class TextRunPrinter final : public RunPrinter {
 
   void Cancelled() override {
     End();
-    std::puts("\nThe run was cancelled; what was done has been kept.");
+    std::puts("\nThe run was cancelled.");
   }
 
   void Finished(int, int) override { End(); }
@@ -94,12 +94,17 @@ class TextRunPrinter final : public RunPrinter {
     if (restart) std::puts("Restart the computer for the repairs to take effect.");
   }
 
-  void Record(const RunRecord& record) override {
+  void Record(const RunRecord& record, const std::string& notKept) override {
     if (!std::exchange(summed, true)) PrintSummary(record);
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begun;
-    std::printf("\nCategories: %lld normal, %lld abnormal. Took %.1f s, kept as %s.\n",
+    std::printf("\nCategories: %lld normal, %lld abnormal. Took %.1f s",
                 static_cast<long long>(record.passCount), static_cast<long long>(record.failCount),
-                elapsed.count(), record.dateTime.c_str());
+                elapsed.count());
+    if (notKept.empty())
+      std::printf(", kept as %s.\n", record.dateTime.c_str());
+    else
+      std::printf(".\n%s %s\n", Coloured(Colour::Red, "The run could not be kept:").c_str(),
+                  Printable(common::Utf8ToWide(notKept)).c_str());
   }
 
  private:

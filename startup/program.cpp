@@ -8,6 +8,7 @@
 #include "platform/concurrency/task.h"
 #include "platform/message/ipc_message_client.h"
 #include "platform/os/console.h"
+#include "platform/util/process_store.h"
 
 namespace startup {
 namespace {
@@ -31,6 +32,7 @@ int RunProgram(const std::string& name, const std::function<int()>& program) {
   }
   concurrency::wait_until_idle();
   message::WaitUntilDelivered();
+  for (const std::string& notice : util::StoreNotices()) PrintError(name, notice);
   return status;
 }
 

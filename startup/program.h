@@ -9,8 +9,8 @@ namespace startup {
 void PrintError(const std::string& program, const std::string& text);
 
 /// The body of a program's main: runs it, then waits until what it started in the background has
-/// ended and its messages are delivered. Returns its exit status; 2, with one line on standard
-/// error, when it throws.
+/// ended and its messages are delivered, and says which damaged store was set aside. Returns its
+/// exit status; 2, with one line on standard error, when it throws.
 int RunProgram(const std::string& name, const std::function<int()>& program);
 
 }  // namespace startup

@@ -24,7 +24,7 @@ class UTIL_API DataManager {
   /// does not fit it, or the store cannot be written; nothing is changed then.
   bool Put(const std::string& table, const Row& row);
 
-  /// Appends all rows of a query's result. The query cannot change the store. False, with a log
-  /// line, when it cannot be run.
+  /// Appends all rows of a query's result. The query cannot change the store. False when it cannot
+  /// be run, with a log line unless the query before failed for the same reason.
   bool Get(const std::string& query, emReturnOrder order, std::vector<Row>& rows);
 };

@@ -3,39 +3,44 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
-#include <chrono>
 #include <stdexcept>
 #include <string_view>
 #include <variant>
 
-#include "common/log.h"
 #include "common/path_text.h"
-#include "platform/os/clock.h"
-#include "platform/os/paths.h"
+#include "platform/util/damaged_store.h"
+#include "platform/util/store_file.h"
 #include "platform/util/store_tables.h"
 
 namespace util {
 namespace {
 
-constexpr int kBusyTimeoutMs = 10'000;
-constexpr std::chrono::milliseconds kWalRetryPause{100};
+// PRAGMA user_version of the tables as they are laid out here. Another layout takes a greater one.
+constexpr int kLayoutVersion = 0;
 
-// SQLite does not wait for the lock when two processes make a new file a WAL one at the same time.
-void SwitchToWal(SQLite::Database& database) {
-  for (auto waited = std::chrono::milliseconds::zero();; waited += kWalRetryPause) {
-    if (database.tryExec("PRAGMA journal_mode=WAL") == SQLITE_OK) return;
-    if (database.getErrorCode() != SQLITE_BUSY || waited.count() >= kBusyTimeoutMs)
-      throw SQLite::Exception(database.getHandle());
-    os::CurrentClock().Sleep(kWalRetryPause);
-  }
+void RefuseNewerLayout(const std::filesystem::path& file, SQLite::Database& database) {
+  if (database.execAndGet("PRAGMA user_version").getInt() > kLayoutVersion)
+    throw StoreError(file, "was written by a newer version of this program");
 }
 
-SQLite::Database OpenWriter(const std::string& file) {
-  SQLite::Database database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, kBusyTimeoutMs);
-  SwitchToWal(database);
-  database.exec("PRAGMA synchronous=FULL");
-  database.exec(CreateStatements());
-  return database;
+// SQLite does not wait for the lock when two processes make a new file a WAL one at the same time.
+void SwitchToWal(SQLite::Database& database, Patience& patience) {
+  while (database.tryExec("PRAGMA journal_mode=WAL") != SQLITE_OK)
+    if (database.getErrorCode() != SQLITE_BUSY || !patience.Wait())
+      throw SQLite::Exception(database.getHandle());
+}
+
+StoreFile OpenWriter(const std::filesystem::path& file, Patience& patience) {
+  StoreFile writer(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, patience);
+  writer.Use([&](SQLite::Database& database) {
+    RefuseNewerLayout(file, database);
+    SwitchToWal(database, patience);
+    database.exec("PRAGMA synchronous=FULL");
+    database.exec(CreateStatements());
+  });
+  // Much damage, as a page cut off, never shows as an error: rows are just not found.
+  writer.Check();
+  return writer;
 }
 
 int AllowReadingOnly(void*, int action, const char*, const char*, const char*, const char*) {
@@ -44,11 +49,14 @@ int AllowReadingOnly(void*, int action, const char*, const char*, const char*, c
   return reads ? SQLITE_OK : SQLITE_DENY;
 }
 
-SQLite::Database OpenReader(const std::string& file) {
-  SQLite::Database database(file, SQLite::OPEN_READONLY, kBusyTimeoutMs);
+StoreFile OpenReader(const std::filesystem::path& file, Patience& patience) {
+  StoreFile reader(file, SQLite::OPEN_READONLY, patience);
   // A read-only connection would still attach other files or write a copy of this one.
-  sqlite3_set_authorizer(database.getHandle(), AllowReadingOnly, nullptr);
-  return database;
+  reader.Use([](SQLite::Database& database) {
+    sqlite3_set_authorizer(database.getHandle(), AllowReadingOnly, nullptr);
+    database.execAndGet("SELECT COUNT(*) FROM sqlite_master");  // opens the side files now
+  });
+  return reader;
 }
 
 void CheckCells(const StoreTable& table, const Store::Row& row) {
@@ -90,94 +98,138 @@ void RefuseSecondStatement(SQLite::Database& database, const std::string& query)
     throw std::invalid_argument("more than one statement in a query");
 }
 
-Store& ProcessStore() {
-  static Store& store = *new Store(os::DataFolder());
-  return store;
+void Insert(SQLite::Database& database, const StoreTable& table, const Store::Row& row) {
+  // A single statement outside BEGIN is a transaction of its own, durable when it returns.
+  SQLite::Statement insert(database, InsertStatement(table));
+  for (std::size_t i = 0; i < row.size(); ++i) BindCell(insert, static_cast<int>(i) + 1, row[i]);
+  insert.exec();
+}
+
+std::vector<Store::Row> Select(SQLite::Database& database, const std::string& query) {
+  std::vector<Store::Row> found;
+  SQLite::Statement select(database, query);
+  RefuseSecondStatement(database, query);
+  while (select.executeStep()) {
+    Store::Row& row = found.emplace_back();
+    for (int i = 0; i < select.getColumnCount(); ++i) row.push_back(ReadCell(select.getColumn(i)));
+  }
+  return found;
+}
+
+void WriteRegistryRow(SQLite::Database& database, const std::string& conflict,
+                      const RegistryRow& row) {
+  SQLite::Statement insert(database,
+                           "INSERT OR " + conflict + " INTO REGISTRY VALUES (?, ?, ?, ?)");
+  for (std::size_t i = 0; i < row.size(); ++i) insert.bind(static_cast<int>(i) + 1, row[i]);
+  insert.exec();
 }
 
 }  // namespace
 
 struct Store::Connections {
-  explicit Connections(const std::string& file)
-      : writer(OpenWriter(file)), reader(OpenReader(file)) {}
+  Connections(const std::filesystem::path& file, Patience& patience)
+      : writer(OpenWriter(file, patience)), reader(OpenReader(file, patience)) {}
 
-  SQLite::Database writer;
-  SQLite::Database reader;
+  StoreFile writer;
+  StoreFile reader;
 };
 
-Store::Store(const std::filesystem::path& folder) : file(folder / "store.db") {}
+Store::Store(const std::filesystem::path& folder, std::function<void(const std::string&)> tell)
+    : file(folder / "store.db"), told(std::move(tell)) {}
 Store::~Store() = default;
 
 Store::Connections& Store::Open() {
-  if (connections) return *connections;
-  try {
-    connections = std::make_unique<Connections>(common::PathText(file));
-  } catch (const SQLite::Exception& error) {
-    throw std::runtime_error(common::PathText(file) + ": " + error.what());
+  while (!connections || connections->writer.HasMoved()) {
+    connections.reset();
+    const std::optional<StoreFile> names = KeepNames(file, patience);
+    connections = std::make_unique<Connections>(file, patience);
   }
   return *connections;
+}
+
+void Store::ReplaceDamaged() {
+  if (connections) {
+    connections->writer.LeaveAsItIs();
+    connections->reader.LeaveAsItIs();
+    connections.reset();
+  }
+  const std::optional<DamagedStore> damaged = SetAsideDamagedStore(file, patience);
+  if (!damaged) return;
+  if (told)
+    told(damaged->damage + "; it is kept as " + common::PathText(damaged->keptAs.filename()) +
+         ", and the history begins anew");
+  Open().writer.Use([&damaged](SQLite::Database& database) {
+    SQLite::Transaction transaction(database);
+    for (const RegistryRow& row : damaged->registry) WriteRegistryRow(database, "IGNORE", row);
+    transaction.commit();
+  });
+}
+
+template <typename Work>
+void Store::MendAndRetry(Work work) {
+  try {
+    work(Open());
+  } catch (const StoreError& error) {
+    if (error.TellsOfDamage())
+      ReplaceDamaged();
+    else if (!connections || !connections->writer.HasMoved())
+      throw;
+    work(Open());
+  }
+  patience.Renew();
+}
+
+template <typename Work>
+void Store::Read(Work work) {
+  const std::lock_guard lock(mutex);
+  if (!patience.IsUsedUp()) patience.Renew();
+  MendAndRetry([&work](Connections& open) { open.reader.Use(work); });
+}
+
+template <typename Work>
+void Store::Write(Work work) {
+  const std::lock_guard lock(mutex);
+  patience.Renew();
+  MendAndRetry([&](Connections& open) {
+    open.writer.Use(work);
+    // Written into a store that another process was setting aside: once more, into the new one.
+    if (open.writer.HasMoved()) Open().writer.Use(work);
+  });
 }
 
 void Store::Put(const std::string& table, const Row& row) {
   const StoreTable* layout = FindStoreTable(table);
   if (layout == nullptr) throw std::invalid_argument("no table " + table);
   CheckCells(*layout, row);
-  const std::lock_guard lock(mutex);
-  // A single statement outside BEGIN is a transaction of its own, durable when it returns.
-  SQLite::Statement insert(Open().writer, InsertStatement(*layout));
-  for (std::size_t i = 0; i < row.size(); ++i) BindCell(insert, static_cast<int>(i) + 1, row[i]);
-  insert.exec();
+  Write([&](SQLite::Database& database) { Insert(database, *layout, row); });
 }
 
 void Store::Get(const std::string& query, std::vector<Row>& rows) {
   std::vector<Row> found;
-  {
-    const std::lock_guard lock(mutex);
-    SQLite::Database& reader = Open().reader;
-    SQLite::Statement select(reader, query);
-    RefuseSecondStatement(reader, query);
-    while (select.executeStep()) {
-      Row& row = found.emplace_back();
-      for (int i = 0; i < select.getColumnCount(); ++i)
-        row.push_back(ReadCell(select.getColumn(i)));
-    }
-  }
+  Read([&](SQLite::Database& database) { found = Select(database, query); });
   rows.insert(rows.end(), std::make_move_iterator(found.begin()),
               std::make_move_iterator(found.end()));
 }
 
 std::optional<std::string> Store::RegistryValue(const std::string& root, const std::string& key,
                                                 const std::string& name) {
-  const std::lock_guard lock(mutex);
-  SQLite::Statement select(Open().reader,
-                           "SELECT value FROM REGISTRY WHERE root = ? AND key = ? AND name = ?");
-  select.bind(1, root);
-  select.bind(2, key);
-  select.bind(3, name);
-  if (!select.executeStep()) return std::nullopt;
-  return select.getColumn(0).getString();
+  std::optional<std::string> value;
+  Read([&](SQLite::Database& database) {
+    SQLite::Statement select(database,
+                             "SELECT value FROM REGISTRY WHERE root = ? AND key = ? AND name = ?");
+    select.bind(1, root);
+    select.bind(2, key);
+    select.bind(3, name);
+    if (select.executeStep()) value = select.getColumn(0).getString();
+  });
+  return value;
 }
 
 void Store::SetRegistryValue(const std::string& root, const std::string& key,
                              const std::string& name, const std::string& value) {
-  const std::lock_guard lock(mutex);
-  SQLite::Statement replace(Open().writer, "INSERT OR REPLACE INTO REGISTRY VALUES (?, ?, ?, ?)");
-  replace.bind(1, root);
-  replace.bind(2, key);
-  replace.bind(3, name);
-  replace.bind(4, value);
-  replace.exec();
-}
-
-bool UseStore(const std::function<void(Store&)>& use) {
-  try {
-    use(ProcessStore());
-    return true;
-  } catch (const std::exception& error) {
-    COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.util"),
-                     "data store: " + std::string(error.what()));
-    return false;
-  }
+  Write([&](SQLite::Database& database) {
+    WriteRegistryRow(database, "REPLACE", {root, key, name, value});
+  });
 }
 
 }  // namespace util

@@ -1,5 +1,6 @@
 #include "sysdiagnose/records/history_store.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 
@@ -40,6 +41,17 @@ DataManager::Row MakeRow(const RunRecord& record) {
   return row;
 }
 
+template <typename Cell>
+bool HoldSame(const linb::any& one, const linb::any& other) {
+  const auto* left = linb::any_cast<Cell>(&one);
+  const auto* right = linb::any_cast<Cell>(&other);
+  return left != nullptr && right != nullptr && *left == *right;
+}
+
+bool IsSameCell(const linb::any& one, const linb::any& other) {
+  return HoldSame<std::int64_t>(one, other) || HoldSame<std::string>(one, other);
+}
+
 bool QueryFirst(const std::string& query, HistoryRecord& record) {
   std::vector<DataManager::Row> rows;
   DataManager::Instance().Get(query, RETURN_ORDER_DEFAULT, rows);
@@ -60,6 +72,16 @@ void SaveHistoryRecord(RunRecord& record) {
   record.date = text.data();
   record.secondTime = os::CurrentClock().SecondsSinceEpoch();
   DataManager::Instance().Put(kTable, MakeRow(record));
+}
+
+bool IsHistoryRecordStored(const RunRecord& record) {
+  std::vector<DataManager::Row> rows;
+  DataManager::Instance().Get(
+      "select * from TABLE_HARDWARE_DIAGNOSE where SecondTime=" + std::to_string(record.secondTime),
+      RETURN_ORDER_DEFAULT, rows);
+  return std::ranges::any_of(rows, [saved = MakeRow(record)](const DataManager::Row& row) {
+    return std::ranges::equal(row, saved, IsSameCell);
+  });
 }
 
 bool QueryLatestRecordInRange(HistoryRecord& record, std::int32_t before, std::int32_t notBefore) {

@@ -13,6 +13,9 @@ namespace orv::sysdiagnose {
 /// write loses the row.
 void SaveHistoryRecord(RunRecord& record);
 
+/// Whether the store gives a saved record back, every cell of it.
+bool IsHistoryRecordStored(const RunRecord& record);
+
 /// The latest run with notBefore <= secondTime < before. False, with `record` untouched, when there
 /// is none. Throws linb::bad_any_cast for a row with a cell of another type.
 bool QueryLatestRecordInRange(HistoryRecord& record, std::int32_t before, std::int32_t notBefore);

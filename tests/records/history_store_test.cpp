@@ -57,6 +57,21 @@ TEST(HistoryStore, ASavedRunIsStampedAndReadBack) {
   });
 }
 
+TEST(HistoryStore, ARunCountsAsStoredOnlyWhenEveryCellComesBack) {
+  const InForce inForce;
+  const FakeClock clock(kNoon, kLocal);
+  RunRecord record = FreshRunRecord();
+  RunRecord sameSecond = FreshRunRecord();
+  sameSecond.passCount = 1;
+  EXPECT_FALSE(IsHistoryRecordStored(record));
+  SaveHistoryRecord(sameSecond);
+  SaveHistoryRecord(record);
+  EXPECT_TRUE(IsHistoryRecordStored(sameSecond));
+  EXPECT_TRUE(IsHistoryRecordStored(record));
+  record.results[0] = kAbnormal;
+  EXPECT_FALSE(IsHistoryRecordStored(record));
+}
+
 TEST(HistoryStore, EachDayShowsItsLastRunAndMidnightBelongsToTheNewDay) {
   const InForce inForce;
   for (const std::int64_t time :

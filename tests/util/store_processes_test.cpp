@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <random>
 #include <set>
@@ -62,6 +63,29 @@ TEST(StoreProcesses, TwoMayCreateOneStoreAndWriteToIt) {
     EXPECT_EQ(two.Acknowledged(status).size(), 20u);
     EXPECT_EQ(status, 0);
     EXPECT_EQ(SavedRows(folder.path).size(), 40u);
+  }
+}
+
+TEST(StoreProcesses, SeveralMayMeetTheDamageAtOnce) {
+  for (int round = 0; round < 10; ++round) {
+    const TemporaryFolder folder;
+    WriteText(folder.path / "store.db", "no store, and long enough to tell");
+    std::vector<std::unique_ptr<Writer>> writers;
+    for (int i = 0; i < 4; ++i)
+      writers.push_back(std::make_unique<Writer>(folder.path, 1000 * i, 10));
+    for (const auto& writer : writers) {
+      std::optional<int> status;
+      EXPECT_EQ(writer->Acknowledged(status).size(), 10U);
+      EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(SavedRows(folder.path).size(), 40U);
+    int setAside = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path)) {
+      if (entry.path().filename().string().find(".damaged-") == std::string::npos) continue;
+      ++setAside;
+      EXPECT_EQ(ReadText(entry.path()), "no store, and long enough to tell");
+    }
+    EXPECT_EQ(setAside, 1);
   }
 }
 

@@ -1,12 +1,15 @@
 #include "platform/util/store.h"
-#include "common/path_text.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
+#include <optional>
 #include <variant>
 
+#include "common/path_text.h"
 #include "platform/os/paths.h"
+#include "platform/util/process_store.h"
+#include "tests/support/fake_clock.h"
 #include "tests/support/history_row.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_log.h"
@@ -95,45 +98,200 @@ TEST_F(StoreTest, QueriesOnlyRead) {
   EXPECT_EQ(Get("SELECT Cpu FROM TABLE_HARDWARE_DIAGNOSE;").size(), 1u);
 }
 
-TEST_F(StoreTest, SaysSoWhenThePagesOfTheFileAreDamaged) {
+// A store with a registry value and enough rows to fill many pages, closed.
+std::string FilledStore(const std::filesystem::path& folder) {
   {
-    Store first(folder.path);
-    for (int i = 0; i < 300; ++i) first.Put(kHistoryTable, HistoryRow(i));
+    Store store(folder);
+    store.SetRegistryValue("root", "key", "name", "value");
+    store.Put(kHistoryTable, HistoryRow(1));
   }
-  std::string bytes = ReadText(folder.path / "store.db");
-  ASSERT_GT(bytes.size(), 3 * 4096u);
-  std::fill(bytes.begin() + 4096, bytes.end(), '\xEE');
-  WriteText(folder.path / "store.db", bytes);
-
-  std::vector<Store::Row> rows;
-  EXPECT_ANY_THROW(store.Get("SELECT * FROM TABLE_HARDWARE_DIAGNOSE", rows));
-  EXPECT_TRUE(rows.empty());
+  SQLite::Database(common::PathText(folder / "store.db"), SQLite::OPEN_READWRITE)
+      .exec(
+          "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300) "
+          "INSERT INTO TABLE_HARDWARE_DIAGNOSE SELECT t.* FROM TABLE_HARDWARE_DIAGNOSE t, n");
+  return ReadText(folder / "store.db");
 }
 
-TEST(DataManager, AnswersFalseWithOneErrorLineUntilTheStoreCanBeUsed) {
+// The file that a store in this folder was set aside as; empty when there are none or several.
+std::filesystem::path SetAside(const std::filesystem::path& folder) {
+  std::vector<std::filesystem::path> found;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    const std::string name = common::PathText(entry.path().filename());
+    if (name.starts_with("store.db.damaged-") && !name.ends_with("-wal") && !name.ends_with("-shm"))
+      found.push_back(entry.path());
+  }
+  return found.size() == 1 ? found[0] : std::filesystem::path();
+}
+
+TEST(DamagedStore, IsSetAsideAndItsRegistryGoesOverWhereItCanBeRead) {
+  constexpr std::size_t kPage = 4096;
+  const struct {
+    const char* name;
+    std::string (*damage)(std::string bytes);
+    bool keepsRegistry;
+  } cases[] = {
+      {"no store", [](std::string) { return std::string("long enough to tell"); }, false},
+      {"cut off", [](std::string bytes) { return bytes.substr(0, 4 * kPage + 7); }, true},
+      {"last page", [](std::string bytes) { return bytes.substr(0, bytes.size() - 1000); }, true},
+      {"first page", [](std::string bytes) { return bytes.replace(0, kPage, kPage, 'x'); }, false},
+      {"rows",
+       [](std::string bytes) {
+         return bytes.substr(0, 3 * kPage) + std::string(bytes.size() - 3 * kPage, '\xEE');
+       },
+       true},
+      {"all but the first page",
+       [](std::string bytes) {
+         return bytes.substr(0, kPage) + std::string(bytes.size() - kPage, '\xEE');
+       },
+       false},
+  };
+  for (const auto& damaged : cases) {
+    SCOPED_TRACE(damaged.name);
+    const TemporaryFolder folder;
+    const std::string bytes = damaged.damage(FilledStore(folder.path));
+    WriteText(folder.path / "store.db", bytes);
+
+    std::vector<std::string> told;
+    Store store(folder.path, [&told](const std::string& text) { told.push_back(text); });
+    store.Put(kHistoryTable, HistoryRow(1000));
+    std::vector<Store::Row> rows;
+    store.Get("SELECT SecondTime FROM TABLE_HARDWARE_DIAGNOSE ORDER BY Cpu", rows);
+    EXPECT_EQ(rows.size(), 1U);
+    EXPECT_EQ(store.RegistryValue("root", "key", "name").has_value(), damaged.keepsRegistry);
+
+    const std::filesystem::path aside = SetAside(folder.path);
+    ASSERT_FALSE(aside.empty());
+    EXPECT_TRUE(ReadText(aside) == bytes);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_THAT(told[0], HasSubstr(common::PathText(folder.path / "store.db") + ": "));
+    EXPECT_THAT(told[0], HasSubstr(common::PathText(aside.filename())));
+  }
+}
+
+TEST(DamagedStore, TakesItsSideFilesAlongAndASecondOneGetsAnotherName) {
+  const FakeClock clock(0, {2024, 3, 9, 10, 11, 12});
+  const TemporaryFolder folder;
+  const std::filesystem::path file = folder.path / "store.db";
+  const std::string aside = file.string() + ".damaged-2024-03-09-10-11-12";
+  WriteText(file, "first");
+  WriteText(file.string() + "-wal", "first log");
+  Store(folder.path).Put(kHistoryTable, HistoryRow(2));
+  WriteText(file, "second");
+  Store(folder.path).Put(kHistoryTable, HistoryRow(3));
+
+  EXPECT_EQ(ReadText(aside), "first");
+  EXPECT_EQ(ReadText(aside + "-wal"), "first log");
+  EXPECT_EQ(ReadText(aside + "-2"), "second");
+}
+
+TEST(SoundStore, IsRefusedUntouchedWhenItIsNewer) {
+  const struct {
+    const char* name;
+    std::string (*change)(std::string bytes);
+    const char* reason;
+  } cases[] = {
+      {"layout",
+       [](std::string bytes) {
+         return bytes.replace(60, 4, {0, 0, 0, 1});
+       },
+       "was written by a newer version"},
+      {"file format",
+       [](std::string bytes) {
+         return bytes.replace(18, 2, {3, 3});
+       },
+       "is of a newer format"},
+  };
+  for (const auto& newer : cases) {
+    SCOPED_TRACE(newer.name);
+    const TemporaryFolder folder;
+    const std::string bytes = newer.change(FilledStore(folder.path));
+    WriteText(folder.path / "store.db", bytes);
+    Store store(folder.path);
+    try {
+      store.Put(kHistoryTable, HistoryRow(1));
+      ADD_FAILURE() << "was written to";
+    } catch (const std::exception& error) {
+      EXPECT_THAT(error.what(), HasSubstr(common::PathText(folder.path / "store.db") + ": "));
+      EXPECT_THAT(error.what(), HasSubstr(newer.reason));
+    }
+    EXPECT_TRUE(ReadText(folder.path / "store.db") == bytes);
+    EXPECT_TRUE(SetAside(folder.path).empty());
+  }
+}
+
+TEST(SoundStore, ThatAnotherHoldsIsWaitedForOnceAndForTenSeconds) {
+  FakeClock clock;
+  const TemporaryFolder folder;
+  std::optional<SQLite::Database> holder(std::in_place, common::PathText(folder.path / "store.db"),
+                                         SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  holder->exec("BEGIN EXCLUSIVE");
+  Store store(folder.path);
+  std::vector<Store::Row> rows;
+  for (int i = 0; i < 90; ++i) {
+    try {
+      store.Get("SELECT 1", rows);
+      ADD_FAILURE() << "could be read";
+    } catch (const std::exception& error) {
+      EXPECT_THAT(error.what(), HasSubstr("another program holds it"));
+    }
+  }
+  EXPECT_GE(clock.SecondsSinceEpoch(), 10);
+  EXPECT_LE(clock.SecondsSinceEpoch(), 11) << "reads that follow do not wait again";
+  EXPECT_ANY_THROW(store.Put(kHistoryTable, HistoryRow(1)));
+  EXPECT_GE(clock.SecondsSinceEpoch(), 20) << "a row is worth a wait of its own";
+  EXPECT_LE(clock.SecondsSinceEpoch(), 22);
+
+  holder.reset();
+  store.Put(kHistoryTable, HistoryRow(1));
+  store.Get("SELECT * FROM TABLE_HARDWARE_DIAGNOSE", rows);
+  EXPECT_EQ(rows.size(), 1U);
+  EXPECT_TRUE(SetAside(folder.path).empty());
+}
+
+TEST(SoundStore, ThatCannotBeOpenedTellsTheReasonOfTheSystem) {
+  const TemporaryFolder folder;
+  const std::filesystem::path missing = folder.path / "no" / "folder";
+  try {
+    Store(missing).Put(kHistoryTable, HistoryRow(1));
+    ADD_FAILURE() << "could be written";
+  } catch (const std::exception& error) {
+    EXPECT_THAT(error.what(), HasSubstr(common::PathText(missing / "store.db") +
+                                        ": unable to open database file: "));
+  }
+}
+
+TEST(DataManager, TellsAReasonOnceForManyReadsAndForEachLostRow) {
   const TemporaryFolder folder;
   os::SetDataFolder(folder.path);
   const std::filesystem::path file = folder.path / "store.db";
-  WriteText(file, "this is no store, and long enough to tell so");
+  std::string bytes = FilledStore(folder.path);
+  WriteText(file, bytes.replace(60, 4, {0, 0, 0, 1}));
   TestLog& log = TestLog::Instance();
   log.Take();
 
   std::vector<DataManager::Row> rows;
   DataManager& manager = DataManager::Instance();
-  EXPECT_FALSE(manager.Put(kHistoryTable, HistoryRow(1)));
+  for (int i = 0; i < 90; ++i) EXPECT_FALSE(manager.Get("SELECT 1", RETURN_ORDER_DEFAULT, rows));
   const std::string line = log.Take();
   EXPECT_THAT(line, HasSubstr("ERROR orv.util"));
   EXPECT_THAT(line, HasSubstr(common::PathText(file)));
   EXPECT_EQ(std::count(line.begin(), line.end(), '\n'), 1);
-  EXPECT_FALSE(manager.Get("SELECT 1", RETURN_ORDER_DEFAULT, rows));
-  EXPECT_EQ(ReadText(file), "this is no store, and long enough to tell so");
+  EXPECT_THAT(util::TakeStoreReadFault(), HasSubstr(common::PathText(file)));
+  EXPECT_EQ(util::TakeStoreReadFault(), "");
+  EXPECT_EQ(util::StoreWriteFault(), "");
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_FALSE(manager.Put(kHistoryTable, HistoryRow(1)));
+    EXPECT_THAT(log.Take(), HasSubstr("newer"));
+  }
+  EXPECT_THAT(util::StoreWriteFault(), HasSubstr("newer"));
 
-  std::filesystem::remove(file);
+  WriteText(file, "");
   EXPECT_TRUE(manager.Put(kHistoryTable, HistoryRow(1)));
+  EXPECT_EQ(util::StoreWriteFault(), "");
   EXPECT_TRUE(manager.Get("SELECT * FROM TABLE_HARDWARE_DIAGNOSE", RETURN_ORDER_DEFAULT, rows));
   EXPECT_EQ(rows.size(), 1u);
-
   EXPECT_EQ(SQLite::Database(file.string()).execAndGet("PRAGMA journal_mode").getString(), "wal");
+  EXPECT_TRUE(util::StoreNotices().empty());
 }
 
 }  // namespace

@@ -1,0 +1,107 @@
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
+
+#include "common/path_text.h"
+#include "tests/cli/program.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+const std::string kNormal = "{}";
+const std::string kAbnormal = R"({"tests":{"CBatteryDetect::TestLoss":4}})";
+
+class KeptRunTest : public testing::Test {
+ protected:
+  KeptRunTest() { std::filesystem::create_directories(store.parent_path()); }
+
+  Outcome Run(const std::string& machine, std::vector<std::string> command) const {
+    WriteText(folder.path / "machine.json", machine);
+    command.insert(command.begin(),
+                   {"--lang", "en-US", "--machine", (folder.path / "machine.json").string(),
+                    "--data-dir", store.parent_path().string()});
+    return RunProgram(command);
+  }
+
+  // A store that an earlier run has left, changed by a statement.
+  void ChangeStore(const std::string& statement) const {
+    Run(kNormal, {"run", "battery"});
+    SQLite::Database(common::PathText(store), SQLite::OPEN_READWRITE).exec(statement);
+  }
+
+  const TemporaryFolder folder;
+  const std::filesystem::path store = folder.path / "data" / "store.db";
+};
+
+TEST_F(KeptRunTest, TheProgramAndTheReportSayWhyTheStoreRefusedTheRow) {
+  ChangeStore(
+      "CREATE TRIGGER refuses BEFORE INSERT ON TABLE_HARDWARE_DIAGNOSE "
+      "BEGIN SELECT RAISE(ABORT, 'no <more> rows'); END");
+  const std::string page = (folder.path / "report.html").string();
+  const Outcome text = Run(kNormal, {"run", "battery", "--report", page});
+  EXPECT_EQ(text.exitStatus, 2);
+  EXPECT_THAT(text.output, HasSubstr("The run could not be kept: " + common::PathText(store) +
+                                     ": no <more> rows\n"));
+  EXPECT_THAT(text.output, Not(HasSubstr("kept as")));
+  EXPECT_THAT(ReadText(page), HasSubstr(": no &lt;more&gt; rows"));
+  EXPECT_THAT(ReadText(page), HasSubstr("class=\"notice bad\""));
+
+  const std::string data = (folder.path / "report.json").string();
+  const Outcome json = Run(kAbnormal, {"--json", "run", "battery", "--report", data});
+  EXPECT_EQ(json.exitStatus, 1) << "what is abnormal comes first";
+  EXPECT_THAT(json.output, HasSubstr("{\"type\":\"notKept\",\"error\":\""));
+  EXPECT_THAT(ReadText(data), HasSubstr("\"notKept\": \""));
+  EXPECT_EQ(Run(kNormal, {"history"}).exitStatus, 0) << "it can still be read";
+}
+
+TEST_F(KeptRunTest, AHistoryThatCannotBeReadIsNoEmptyOne) {
+  EXPECT_THAT(Run(kNormal, {"history"}).output, HasSubstr("No run"));
+  ChangeStore("PRAGMA user_version = 1000");
+  for (const std::vector<std::string>& command :
+       {std::vector<std::string>{"history"}, std::vector<std::string>{"history", "--json"}}) {
+    const Outcome history = Run(kNormal, command);
+    EXPECT_EQ(history.exitStatus, 2);
+    EXPECT_EQ(history.output, "");
+    EXPECT_EQ(history.errors, "sysdiagnose: " + common::PathText(store) +
+                                  ": was written by a newer version of this program\n");
+  }
+  const std::string data = (folder.path / "report.json").string();
+  EXPECT_EQ(Run(kNormal, {"run", "battery", "--report", data}).exitStatus, 2);
+  EXPECT_THAT(ReadText(data), HasSubstr("\"historyFault\": \""));
+}
+
+TEST_F(KeptRunTest, ADamagedStoreIsNamedAndTheRunIsKeptInANewOne) {
+  WriteText(store, "no store, and long enough to tell");
+  const Outcome history = Run(kNormal, {"history"});
+  EXPECT_EQ(history.exitStatus, 2) << "the runs that were asked for are not shown";
+  EXPECT_THAT(history.errors, HasSubstr("store.db.damaged-"));
+
+  std::filesystem::remove_all(store.parent_path());
+  WriteText(store, "no store either, and long enough to tell");
+  const Outcome run = Run(kNormal, {"run", "battery"});
+  EXPECT_EQ(run.exitStatus, 0);
+  EXPECT_THAT(run.output, HasSubstr("kept as"));
+  EXPECT_THAT(run.errors, HasSubstr("store.db.damaged-"));
+  const Outcome next = Run(kNormal, {"history"});
+  EXPECT_EQ(next.exitStatus, 0);
+  EXPECT_EQ(next.errors, "");
+  EXPECT_THAT(next.output, HasSubstr("1 normal"));
+}
+
+TEST_F(KeptRunTest, ACancelledRunThatIsLostStaysACancelledOne) {
+  ChangeStore("PRAGMA user_version = 1000");
+  WriteText(folder.path / "slow.json",
+            R"({"tests":{"CMemFaultDetect::CheckLineSeq":{"delayMs":300}}})");
+  Program program({"--json", "--machine", (folder.path / "slow.json").string(), "--data-dir",
+                   store.parent_path().string(), "run", "memory", "display"});
+  ASSERT_TRUE(program.ReadUntil("itemStart"));
+  program.Interrupt();
+  const Outcome outcome = program.Wait();
+  EXPECT_EQ(outcome.exitStatus, 3);
+  EXPECT_THAT(outcome.output, HasSubstr("{\"type\":\"cancelled\"}\n{\"type\":\"record\""));
+  EXPECT_THAT(outcome.output, HasSubstr("{\"type\":\"notKept\""));
+}
+
+}  // namespace
