@@ -2,9 +2,9 @@
 
 #include "cli/commands.h"
 #include "cli/json_line.h"
-#include "common/file.h"
 #include "common/path_text.h"
 #include "platform/machine/recorder.h"
+#include "platform/os/replace_file.h"
 #include "sysdiagnose/environment/product_version.h"
 
 namespace cli {
@@ -36,7 +36,7 @@ int RunRecording(const Arguments& arguments) {
   request.plain = arguments.plain;
   const std::wstring version = ProductVersion();
   if (!version.empty()) request.registry[ProductVersionPlace()] = version;
-  common::ReplaceFile(file, machine::RecordMachine(machine::Current(), request));
+  os::ReplaceFile(file, machine::RecordMachine(machine::Current(), request));
 
   if (arguments.json)
     JsonLine("recorded").Add("file", common::PathText(file));
