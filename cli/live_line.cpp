@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "cli/output.h"
 #include "platform/os/console.h"
 
 namespace cli {
@@ -52,13 +53,13 @@ void LiveLine::Draw() {
   Erase();
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - since;
   std::printf("%s  %.1f s", shown.c_str(), elapsed.count());
-  std::fflush(stdout);
+  FlushOutput();
 }
 
 void LiveLine::Erase() {
   if (!onTerminal) return;
   std::fputs("\r\033[K", stdout);
-  std::fflush(stdout);
+  FlushOutput();
 }
 
 }  // namespace cli

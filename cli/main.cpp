@@ -4,6 +4,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/language.h"
+#include "cli/output.h"
 #include "cli/terminal_text.h"
 #include "common/text.h"
 #include "platform/concurrency/task.h"
@@ -48,7 +49,9 @@ int main(int argc, char** argv) {
     if (!cli::ParseArguments(argc, argv, arguments)) return cli::kAllNormal;
     SetUp(arguments);
     status = kCommands[static_cast<std::size_t>(arguments.command)](arguments);
+    cli::RequireOutput();
   } catch (const std::exception& error) {
+    status = cli::kWrongUsage;
     const std::string line = cli::Printable(common::Utf8ToWide(error.what()));
     std::fprintf(stderr, "sysdiagnose: %s\n", line.c_str());
   }
