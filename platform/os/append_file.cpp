@@ -9,14 +9,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// False when another file has taken the place of the one that was opened. A full one that cannot be
-// put away grows: better than a line lost.
-bool TryToAppend(const fs::path& file, std::string_view bytes) {
+// Others may put the file away each time that it has been opened; a file system may tell wrongly.
+constexpr int kMostAttempts = 100;
+
+// False when another file is to be opened in place of this one. A full one that cannot be put away
+// grows: better than a line lost.
+bool TryToAppend(const fs::path& file, std::string_view bytes, bool isLastAttempt) {
   AppendedFile appended(file);
   appended.Lock();
-  if (!appended.IsInPlace()) return false;
+  if (!appended.IsInPlace() && !isLastAttempt) return false;
   const std::uintmax_t size = appended.Size();
-  if (size > 0 && size + bytes.size() > kFullFile) {
+  if (!isLastAttempt && size > 0 && size + bytes.size() > kFullFile) {
     std::error_code error;
     fs::rename(file, EarlierFile(file), error);
     if (!error) return false;
@@ -36,8 +39,7 @@ fs::path EarlierFile(const fs::path& file) {
 
 void AppendLine(const fs::path& file, std::string_view line) {
   const std::string bytes = std::string(line) + '\n';
-  while (!TryToAppend(file, bytes)) {
-  }
+  for (int attempt = 1; !TryToAppend(file, bytes, attempt == kMostAttempts);) ++attempt;
 }
 
 void PrepareAppending(const fs::path& file) {
