@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 
+#include "cli/output.h"
 #include "common/text.h"
 
 namespace cli {
@@ -18,7 +19,7 @@ JsonLine::JsonLine(const char* type) : JsonLine() {
 JsonLine::~JsonLine() {
   writer.EndObject();
   std::puts(buffer.GetString());
-  std::fflush(stdout);
+  FlushOutput();
 }
 
 JsonLine& JsonLine::Add(const char* name, const std::wstring& text) {

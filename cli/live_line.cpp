@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "cli/output.h"
 #include "cli/terminal_text.h"
 #include "common/text.h"
 #include "platform/os/console.h"
@@ -62,13 +63,13 @@ void LiveLine::Draw() {
   const std::wstring fitting =
       columns == 0 ? text : Shortened(text, columns > taken ? columns - taken : 0);
   std::printf("%s%s", common::WideToUtf8(fitting).c_str(), time);
-  std::fflush(stdout);
+  FlushOutput();
 }
 
 void LiveLine::Erase() {
   if (!onTerminal) return;
   std::fputs("\r\033[K", stdout);
-  std::fflush(stdout);
+  FlushOutput();
 }
 
 }  // namespace cli

@@ -1,5 +1,6 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
+#include "cli/output.h"
 #include "platform/duilib/culture.h"
 #include "platform/message/message_capture.h"
 #include "platform/os/paths.h"
@@ -29,6 +30,8 @@ int main(int argc, char** argv) {
     cli::Arguments arguments;
     if (!cli::ParseArguments(argc, argv, arguments)) return cli::kAllNormal;
     SetUp(arguments);
-    return kCommands[static_cast<std::size_t>(arguments.command)](arguments);
+    const int status = kCommands[static_cast<std::size_t>(arguments.command)](arguments);
+    cli::RequireOutput();
+    return status;
   });
 }

@@ -2,10 +2,10 @@
 
 #include "cli/commands.h"
 #include "cli/json_line.h"
-#include "common/file.h"
 #include "common/path_text.h"
 #include "platform/machine/current.h"
 #include "platform/machine/machine_files/recorder.h"
+#include "platform/os/replace_file.h"
 #include "platform/util/shelf_file.h"
 #include "sysdiagnose/environment/product_version.h"
 
@@ -40,7 +40,7 @@ int RunRecording(const Arguments& arguments) {
   request.installedShelf.assign(shelf.begin(), shelf.end());
   const std::wstring version = ProductVersion();
   if (!version.empty()) request.registry[ProductVersionPlace()] = version;
-  common::ReplaceFile(file, machine::RecordMachine(machine::Current(), request));
+  os::ReplaceFile(file, machine::RecordMachine(machine::Current(), request));
 
   if (arguments.json)
     JsonLine("recorded").Add("file", common::PathText(file));

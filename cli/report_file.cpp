@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "common/file.h"
 #include "platform/machine/current.h"
+#include "platform/os/replace_file.h"
 
 namespace cli {
 namespace {
@@ -32,7 +32,7 @@ void WriteReport(RunReport& report, const Arguments& arguments) {
   AddMachineFacts(report);
   const auto mask = arguments.plain ? machine::IdentifierMask()
                                     : machine::IdentifierMask(machine::Current().Info());
-  common::ReplaceFile(arguments.reportFile, KindOf(arguments.reportFile)->write(report, mask));
+  os::ReplaceFile(arguments.reportFile, KindOf(arguments.reportFile)->write(report, mask));
 }
 
 }  // namespace cli

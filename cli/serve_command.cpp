@@ -5,6 +5,7 @@
 #include "cli/commands.h"
 #include "cli/interruptible.h"
 #include "cli/json_line.h"
+#include "cli/output.h"
 #include "common/path_text.h"
 #include "platform/message/broker.h"
 #include "platform/message/broker_connection.h"
@@ -26,7 +27,7 @@ int RunServe(const Arguments& arguments) {
     JsonLine("serving").Add("socket", common::PathText(socket));
   } else {
     std::printf("Relaying messages at %s until Ctrl-C.\n", common::PathText(socket).c_str());
-    std::fflush(stdout);
+    FlushOutput();
   }
   while (!endAsked) os::CurrentClock().Sleep(std::chrono::milliseconds(50));
   return kAllNormal;

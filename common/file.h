@@ -11,10 +11,6 @@ namespace common {
 /// std::runtime_error "cannot open file <path>" for what cannot be read, a folder included.
 std::string ReadFile(const std::filesystem::path& file, std::size_t limit);
 
-/// Writes a file whole or not at all: into a new one beside it, which then takes its place. A link
-/// is followed. Throws std::runtime_error "<path>: <reason>".
-void ReplaceFile(const std::filesystem::path& file, std::string_view content);
-
 /// A path below a folder, written with back slashes as separators.
 std::filesystem::path BackslashPath(std::string_view path);
 

@@ -1,6 +1,7 @@
 #include "common/log.h"
 
 #include <log4cxx/helpers/loglog.h>
+#include <log4cxx/helpers/transcoder.h>
 
 #include <exception>
 
@@ -40,7 +41,10 @@ std::string DescribeCurrentException() {
 
 void ReportLogFailure() noexcept {
   try {
+    log4cxx::LogString reason;
+    log4cxx::helpers::Transcoder::decodeUTF8(OneLine(DescribeCurrentException()), reason);
     log4cxx::helpers::LogLog::error(LOG4CXX_STR("An log4cxx exception occurred."));
+    log4cxx::helpers::LogLog::error(reason);
   } catch (...) {
     // Nobody is left to tell.
   }

@@ -18,7 +18,8 @@ std::string OneLine(std::wstring_view text);
 /// What the exception being handled says of itself. Only inside a catch.
 std::string DescribeCurrentException();
 
-/// Tells the logging library's own error channel that a log statement failed. Never throws.
+/// Tells the logging library's own error channel that a log statement failed, and why. Never
+/// throws. Only inside a catch.
 void ReportLogFailure() noexcept;
 
 }  // namespace common

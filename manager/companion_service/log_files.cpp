@@ -11,8 +11,10 @@
 #include "common/path_text.h"
 #include "manager/companion_service/log_archive.h"
 #include "platform/machine/current.h"
+#include "platform/os/append_file.h"
 #include "platform/os/clock.h"
 #include "platform/os/folder_entries.h"
+#include "platform/os/own_folder.h"
 
 namespace companion {
 namespace {
@@ -45,7 +47,8 @@ std::vector<LogFile> LogFiles::Ready() const {
   std::sort(files.begin(), files.end(),
             [](const LogFile& left, const LogFile& right) { return left.file < right.file; });
   const fs::path events = folder / "events.jsonl";
-  if (HasContent(events)) files.push_back({LogModule::Events, events});
+  for (const fs::path& file : {os::EarlierFile(events), events})
+    if (HasContent(file)) files.push_back({LogModule::Events, file});
   return files;
 }
 
@@ -59,7 +62,7 @@ LogFile LogFiles::ProduceApplicationLog() {
       if (last.size() > kApplicationLogLines) last.pop_front();
     }
   }
-  fs::create_directories(outbox);
+  os::MakeOwnFolder(outbox);
   const fs::path file = outbox / "application-log.txt";
   std::ofstream written(file, std::ios::trunc);
   for (const std::string& line : last) written << Mask().Apply(line) << '\n';
@@ -68,7 +71,7 @@ LogFile LogFiles::ProduceApplicationLog() {
 }
 
 fs::path LogFiles::Pack(const std::vector<LogFile>& files) {
-  fs::create_directories(outbox);
+  os::MakeOwnFolder(outbox);
   const fs::path made = outbox / ".packing";
   try {
     LogArchive packing(made);

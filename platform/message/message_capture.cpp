@@ -1,13 +1,11 @@
 #include "platform/message/message_capture.h"
 
-#include <fstream>
+#include <exception>
 #include <locale>
 #include <mutex>
 #include <sstream>
-#include <stdexcept>
 
 #include "common/log.h"
-#include "common/path_text.h"
 #include "platform/message/capture_line.h"
 #include "platform/os/append_file.h"
 
@@ -51,8 +49,7 @@ std::string HexNumber(std::uint32_t number) {
 }
 
 void StartCapture(const std::filesystem::path& file) {
-  if (!std::ofstream(file, std::ios::app))
-    throw std::runtime_error(common::PathText(file) + ": the message capture cannot be written");
+  os::PrepareAppending(file);
   Capture& capture = TheCapture();
   const std::lock_guard lock(capture.mutex);
   capture.file = file;
@@ -61,10 +58,13 @@ void StartCapture(const std::filesystem::path& file) {
 void CaptureMessage(const tagIPC_MESSAGE_ITEM& item, const std::vector<std::uint8_t>& body) {
   Capture& capture = TheCapture();
   const std::lock_guard lock(capture.mutex);
-  if (capture.file.empty() || os::AppendLine(capture.file, CaptureLine(item, body))) return;
-  COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.message"),
-                   common::PathText(capture.file) + ": message " + HexNumber(item.messageId) +
-                       " could not be captured");
+  if (capture.file.empty()) return;
+  try {
+    os::AppendLine(capture.file, CaptureLine(item, body));
+  } catch (const std::exception& error) {
+    COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.message"),
+                     "message " + HexNumber(item.messageId) + " is not captured: " + error.what());
+  }
 }
 
 }  // namespace message

@@ -1,9 +1,11 @@
 #include "platform/os/paths.h"
 
+#include <stdexcept>
 #include <string>
 
 #include "common/path_text.h"
 #include "platform/os/module.h"
+#include "platform/os/own_folder.h"
 #include "platform/os/system_paths.h"
 
 namespace os {
@@ -60,11 +62,13 @@ void SetConfigurationRoot(fs::path folder) {
 }
 
 fs::path DataFolder() {
-  fs::path& folder = Set().data;
-  const fs::path chosen = folder.empty() ? UserDataFolder() : folder;
-  std::error_code error;
-  fs::create_directories(chosen, error);
-  return chosen;
+  const fs::path& set = Set().data;
+  const fs::path folder = set.empty() ? UserDataFolder() : set;
+  if (folder.empty())
+    throw std::runtime_error(
+        "this user has no home folder to keep data in; name a folder with --data-dir");
+  MakeOwnFolder(folder);
+  return folder;
 }
 
 void SetDataFolder(fs::path folder) {

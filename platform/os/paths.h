@@ -20,8 +20,9 @@ UTIL_API void SetConfigurationRoot(std::filesystem::path folder);
 /// The folder of the utility library, where res/ and config/ of the installation lie.
 UTIL_API std::filesystem::path InstallationFolder();
 
-/// The folder for store.db, events.jsonl and log/. Created on first use; by default the user's own
-/// data folder.
+/// The folder for store.db, events.jsonl and log/, made if missing; by default the user's own data
+/// folder. Throws std::runtime_error where the user has none, and for a folder that MakeOwnFolder
+/// refuses.
 UTIL_API std::filesystem::path DataFolder();
 UTIL_API void SetDataFolder(std::filesystem::path folder);
 

@@ -8,7 +8,7 @@ namespace os {
 /// The file of the running program; empty when the system does not tell.
 std::filesystem::path ExecutableFile();
 
-/// The folder for the data of this program's user.
+/// The folder for the data of this program's user; empty when the user has no home.
 std::filesystem::path UserDataFolder();
 
 /// What absolute paths of the system begin with.

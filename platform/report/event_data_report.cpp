@@ -5,11 +5,9 @@
 
 #include <algorithm>
 #include <exception>
-#include <filesystem>
 #include <string_view>
 
 #include "common/log.h"
-#include "common/path_text.h"
 #include "common/text.h"
 #include "platform/os/append_file.h"
 #include "platform/os/clock.h"
@@ -66,11 +64,10 @@ tagLogInfo EventDataReport::GetMsg(const std::string& id, const std::string& pay
 
 bool EventDataReport::SendMsg(const tagLogInfo& message) {
   try {
-    const std::filesystem::path file = os::DataFolder() / "events.jsonl";
-    if (os::AppendLine(file, EventLine(message))) return true;
-    LogFailure(common::PathText(file) + ": event " + message.id + " could not be written");
+    os::AppendLine(os::DataFolder() / "events.jsonl", EventLine(message));
+    return true;
   } catch (const std::exception& error) {
-    LogFailure("event " + message.id + " could not be written: " + error.what());
+    LogFailure("event " + message.id + " is lost: " + error.what());
   }
   return false;
 }

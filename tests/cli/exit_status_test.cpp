@@ -70,9 +70,8 @@ TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
        {"--machine", folder.path.string(), "list"},
        folder.path.string() + ": is a folder, not a file"},
       {"{}",
-       {"--data-dir", (folder.path / "plain/x").string(), "list"},
-       common::PathText(folder.path / "plain/x/log/sysdiagnose.log") +
-           ": the log cannot be written"},
+       {"--data-dir", (folder.path / "plain").string(), "list"},
+       common::PathText(folder.path / "plain") + ": is not a folder"},
       {"{\n \"info\": 7,\n}", {"run"}, file + ": 3:1: missing a name for object member"},
       {R"({"info":{"CDisk":{"GetCaption":["a",1]}}})",
        {"run"},

@@ -70,7 +70,8 @@ TEST_F(EventDataReportTest, SaysSoWhenTheFileCannotBeWritten) {
   std::filesystem::create_directory(folder.path / "events.jsonl");
   EXPECT_FALSE(Send("620000010", ""));
   EXPECT_THAT(TestLog::Instance().Take(),
-              testing::ContainsRegex("ERROR orv\\.report .*events\\.jsonl: event 620000010"));
+              testing::ContainsRegex("ERROR orv\\.report .* event 620000010 is lost: "
+                                     ".*events\\.jsonl: cannot be written: [A-Z]"));
 }
 
 }  // namespace

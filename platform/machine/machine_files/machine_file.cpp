@@ -1,7 +1,9 @@
 #include "platform/machine/machine_files/machine_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
+#include <system_error>
 
 #include "platform/machine/machine_files/sections.h"
 
@@ -55,7 +57,8 @@ std::string ReadBytes(const std::filesystem::path& file, const std::string& name
   std::ifstream stream(file, std::ios::binary);
   std::string bytes(kMaxBytes + 1, '\0');
   if (stream) stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!stream.is_open() || stream.bad()) Fail(name, "cannot be read");
+  if (!stream.is_open() || stream.bad())
+    Fail(name, "cannot be read: " + std::generic_category().message(errno));
   bytes.resize(static_cast<std::size_t>(stream.gcount()));
   return bytes;
 }

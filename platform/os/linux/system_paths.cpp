@@ -1,6 +1,10 @@
 #include "platform/os/system_paths.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
+
+#include "platform/os/linux/user_home.h"
 
 namespace os {
 
@@ -14,9 +18,9 @@ fs::path ExecutableFile() {
 fs::path UserDataFolder() {
   const char* data = std::getenv("XDG_DATA_HOME");
   if (data != nullptr && *data == '/') return fs::path(data) / "sysdiagnose";
-  const char* home = std::getenv("HOME");
-  const fs::path user = home != nullptr && *home != '\0' ? home : fs::temp_directory_path();
-  return user / ".local/share/sysdiagnose";
+  const char* named = std::getenv("HOME");
+  const fs::path home = named != nullptr && *named == '/' ? named : HomeInUserDatabase(geteuid());
+  return home.empty() ? home : home / ".local/share/sysdiagnose";
 }
 
 fs::path SystemRoot() {

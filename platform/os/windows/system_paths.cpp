@@ -19,7 +19,7 @@ fs::path UserDataFolder() {
   wchar_t* found = nullptr;
   const HRESULT result = SHGetKnownFolderPath(FOLDERID_LocalAppData, 0, nullptr, &found);
   const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> folder(found, &CoTaskMemFree);
-  return (SUCCEEDED(result) ? fs::path(folder.get()) : fs::temp_directory_path()) / "sysdiagnose";
+  return SUCCEEDED(result) ? fs::path(folder.get()) / "sysdiagnose" : fs::path();
 }
 
 fs::path SystemRoot() {

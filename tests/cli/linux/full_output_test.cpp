@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "tests/support/running_program.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+TEST(FullOutput, IsAnErrorThatNamesTheReason) {
+  const TemporaryFolder folder;
+  WriteText(folder.path / "machine.json", "{}");
+  const std::string start = std::string("exec " APP_DIR "/sysdiagnose --machine ") +
+                            (folder.path / "machine.json").string() + " --data-dir " +
+                            (folder.path / "data").string();
+  for (const char* words : {" list", " --json run", " history"}) {
+    SCOPED_TRACE(words);
+    const std::filesystem::path errors = folder.path / "errors";
+    std::filesystem::remove(errors);
+    RunningProgram program({"/bin/sh", "-c", start + words + " >/dev/full"}, errors);
+    EXPECT_EQ(program.Wait(), 2);
+    EXPECT_EQ(ReadText(errors), std::string("sysdiagnose: the output could not be written: ") +
+                                    std::strerror(ENOSPC) + "\n");
+  }
+}
+
+}  // namespace

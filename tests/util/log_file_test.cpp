@@ -1,0 +1,46 @@
+#include "platform/util/log_file.h"
+
+#include <gmock/gmock.h>
+
+#include "common/log.h"
+#include "platform/os/append_file.h"
+#include "tests/support/temporary_folder.h"
+
+namespace util {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::MatchesRegex;
+
+void Log(const std::string& text) {
+  COMMON_LOG_INFO(log4cxx::Logger::getLogger("orv.test"), text);
+}
+
+std::string ErrorChannelOf(const std::string& text) {
+  testing::internal::CaptureStderr();
+  Log(text);
+  return testing::internal::GetCapturedStderr();
+}
+
+TEST(LogFile, IsPutAwayWhenFullAndTellsItsOwnFailureOnce) {
+  const TemporaryFolder folder;
+  const fs::path file = folder.path / "log" / "sysdiagnose.log";
+  StartLogFile(folder.path / "log");
+  Log("before");
+  fs::resize_file(file, os::kFullFile);
+  Log("after");
+  const std::string line = "[-0-9]* [0-9:,]* INFO  orv.test [^ ]*log_file_test.cpp:[0-9]* after\n";
+  EXPECT_THAT(ReadText(file), MatchesRegex(line));
+  EXPECT_EQ(fs::file_size(folder.path / "log" / "sysdiagnose.1.log"), os::kFullFile);
+
+  fs::remove(file);
+  fs::create_directory(file);
+  EXPECT_THAT(ErrorChannelOf("lost"), testing::HasSubstr("sysdiagnose.log: cannot be written: "));
+  EXPECT_EQ(ErrorChannelOf("lost too"), "");
+  fs::remove(file);
+  Log("after");
+  EXPECT_THAT(ReadText(file), MatchesRegex(line));
+}
+
+}  // namespace
+}  // namespace util
