@@ -4,6 +4,7 @@
 #include "cli/json_line.h"
 #include "common/file.h"
 #include "common/path_text.h"
+#include "platform/machine/machine.h"
 #include "platform/machine/recorder.h"
 #include "sysdiagnose/environment/product_version.h"
 
@@ -13,10 +14,12 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
-// The version that a diagnosis of this machine would see.
+// The version that a diagnosis of the machine would see. This one's registry stays as it is.
 std::wstring ProductVersion() {
   const std::wstring version = ReadOemVersion();
-  return version.empty() ? KeptProductVersion() : version;
+  if (machine::IsLive()) return version.empty() ? KeptProductVersion() : version;
+  if (!version.empty()) KeepProductVersion(version);
+  return KeptProductVersion();
 }
 
 void RequireNew(const std::filesystem::path& file) {
