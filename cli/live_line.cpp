@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "common/seconds_text.h"
 #include "platform/os/console.h"
 
 namespace cli {
@@ -50,8 +51,8 @@ void LiveLine::Clear() {
 void LiveLine::Draw() {
   if (!onTerminal || shown.empty()) return;
   Erase();
-  const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - since;
-  std::printf("%s  %.1f s", shown.c_str(), elapsed.count());
+  const std::string elapsed = common::SecondsText(std::chrono::steady_clock::now() - since);
+  std::printf("%s  %s", shown.c_str(), elapsed.c_str());
   std::fflush(stdout);
 }
 
