@@ -4,6 +4,7 @@
 
 #include "cli/output.h"
 #include "cli/terminal_text.h"
+#include "common/seconds_text.h"
 #include "common/text.h"
 #include "platform/os/console.h"
 
@@ -53,16 +54,14 @@ void LiveLine::Clear() {
 void LiveLine::Draw() {
   if (!onTerminal || shown.empty()) return;
   Erase();
-  const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - since;
-  char time[32];
-  const int length = std::snprintf(time, sizeof time, "  %.1f s", elapsed.count());
+  const std::string time = "  " + common::SecondsText(std::chrono::steady_clock::now() - since);
   // One row: what runs over into a second one could not be erased.
   const std::size_t columns = os::OutputColumns();
-  const std::size_t taken = static_cast<std::size_t>(length) + 1;  // the last column stays free
+  const std::size_t taken = time.size() + 1;  // the last column stays free
   const std::wstring text = common::Utf8ToWide(shown);
   const std::wstring fitting =
       columns == 0 ? text : Shortened(text, columns > taken ? columns - taken : 0);
-  std::printf("%s%s", common::WideToUtf8(fitting).c_str(), time);
+  std::printf("%s%s", common::WideToUtf8(fitting).c_str(), time.c_str());
   FlushOutput();
 }
 

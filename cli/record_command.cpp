@@ -15,10 +15,12 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
-// The version that a diagnosis of this machine would see.
+// The version that a diagnosis of the machine would see. This one's registry stays as it is.
 std::wstring ProductVersion() {
   const std::wstring version = ReadOemVersion();
-  return version.empty() ? KeptProductVersion() : version;
+  if (machine::IsLive()) return version.empty() ? KeptProductVersion() : version;
+  if (!version.empty()) KeepProductVersion(version);
+  return KeptProductVersion();
 }
 
 void RequireNew(const std::filesystem::path& file) {

@@ -7,6 +7,7 @@
 #include "cli/live_line.h"
 #include "cli/run_printer.h"
 #include "cli/terminal_text.h"
+#include "common/seconds_text.h"
 #include "common/text.h"
 
 namespace cli {
@@ -96,10 +97,10 @@ class TextRunPrinter final : public RunPrinter {
 
   void Record(const RunRecord& record, const std::string& notKept) override {
     if (!std::exchange(summed, true)) PrintSummary(record);
-    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begun;
-    std::printf("\nCategories: %lld normal, %lld abnormal. Took %.1f s",
+    const std::string elapsed = common::SecondsText(std::chrono::steady_clock::now() - begun);
+    std::printf("\nCategories: %lld normal, %lld abnormal. Took %s",
                 static_cast<long long>(record.passCount), static_cast<long long>(record.failCount),
-                elapsed.count());
+                elapsed.c_str());
     if (notKept.empty())
       std::printf(", kept as %s.\n", record.dateTime.c_str());
     else

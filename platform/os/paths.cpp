@@ -19,7 +19,7 @@ constexpr std::size_t kPathBuffer = 260;
 struct Folders {
   fs::path configuration;
   fs::path data;
-  fs::path systemRoot = SystemRoot();
+  fs::path systemRoot;
 };
 
 Folders& Set() {
@@ -76,11 +76,16 @@ void SetDataFolder(fs::path folder) {
 }
 
 fs::path SystemPath(const fs::path& absolute) {
-  return Set().systemRoot / absolute.relative_path();
+  const fs::path root = IsSystemRootSet() ? Set().systemRoot : SystemRoot();
+  return root / absolute.relative_path();
 }
 
 void SetSystemRoot(fs::path folder) {
   Set().systemRoot = std::move(folder);
+}
+
+bool IsSystemRootSet() {
+  return !Set().systemRoot.empty();
 }
 
 fs::path OemVersionFile() {

@@ -29,6 +29,7 @@ UTIL_API void SetDataFolder(std::filesystem::path folder);
 /// A system path (/proc/..., /sys/...) below the system root: "/", or "c:\" on Windows, unless set.
 UTIL_API std::filesystem::path SystemPath(const std::filesystem::path& absolute);
 UTIL_API void SetSystemRoot(std::filesystem::path folder);
+UTIL_API bool IsSystemRootSet();
 
 /// The text file in which the maker leaves the product version.
 UTIL_API std::filesystem::path OemVersionFile();

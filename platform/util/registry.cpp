@@ -1,9 +1,6 @@
 #include "platform/util/registry.h"
 
-#include <map>
-#include <mutex>
 #include <optional>
-#include <tuple>
 
 #include "platform/machine/current.h"
 #include "platform/util/data_registry.h"
@@ -12,35 +9,24 @@
 namespace DE {
 namespace {
 
-struct WrittenValues {
-  std::mutex mutex;
-  std::map<std::tuple<std::string, std::string, std::string>, std::wstring> values;
-};
-
-WrittenValues& Written() {
-  static auto& written = *new WrittenValues;
-  return written;
+// A root in the data store for this described machine alone.
+std::string OwnRoot(machine::Machine& described, const std::string& root) {
+  return "machine " + described.Identity() + "\\" + root;
 }
 
-std::optional<std::wstring> WrittenValue(const std::string& root, const std::string& key,
-                                         const std::string& name) {
-  WrittenValues& written = Written();
-  const std::lock_guard lock(written.mutex);
-  const auto found = written.values.find({root, key, name});
-  if (found == written.values.end()) return std::nullopt;
-  return found->second;
+std::optional<std::wstring> DescribedValue(machine::Machine& described, const std::string& root,
+                                           const std::string& key, const std::string& name) {
+  std::optional<std::wstring> own = described.RegistryValue(root, key, name);
+  return own ? own : util::ReadDataRegistry(OwnRoot(described, root), key, name);
 }
 
 }  // namespace
 
-// A described machine has nothing to do with the registry of the system that it is looked at on.
 bool Registry::GetValue(const std::string& root, const std::string& key, const std::string& name,
                         std::wstring& value, std::uint32_t access) {
-  std::optional<std::wstring> found = WrittenValue(root, key, name);
-  if (!found) found = machine::Current().RegistryValue(root, key, name);
-  if (!found)
-    found = machine::IsLive() ? util::ReadSystemRegistry(root, key, name, access)
-                              : util::ReadDataRegistry(root, key, name);
+  std::optional<std::wstring> found = machine::IsLive()
+                                          ? util::ReadSystemRegistry(root, key, name, access)
+                                          : DescribedValue(machine::Current(), root, key, name);
   if (!found) return false;
   value = *std::move(found);
   return true;
@@ -48,14 +34,10 @@ bool Registry::GetValue(const std::string& root, const std::string& key, const s
 
 bool Registry::SetValue(const std::string& root, const std::string& key, const std::string& name,
                         const std::wstring& value, std::uint32_t access) {
-  const bool isWritten = machine::IsLive()
-                             ? util::WriteSystemRegistry(root, key, name, value, access)
-                             : util::WriteDataRegistry(root, key, name, value);
-  if (!isWritten) return false;
-  WrittenValues& written = Written();
-  const std::lock_guard lock(written.mutex);
-  written.values[{root, key, name}] = value;
-  return true;
+  if (machine::IsLive()) return util::WriteSystemRegistry(root, key, name, value, access);
+  machine::Machine& described = machine::Current();
+  if (described.RegistryValue(root, key, name)) return false;
+  return util::WriteDataRegistry(OwnRoot(described, root), key, name, value);
 }
 
 }  // namespace DE

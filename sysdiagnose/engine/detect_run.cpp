@@ -8,9 +8,10 @@ namespace orv::sysdiagnose {
 void DetectRun::Run() const {
   model->running = true;
   model->TakeDetectList();
+  BeginRun(*objects);
   int firstAbnormal = -1;
   for (std::size_t i = 0; i < model->selection.size(); ++i) {
-    if (model->cancelRequested) return EndCancelledRun(*model, cancelled);
+    if (stop.IsRequested()) return EndCancelledRun(*model, cancelled);
     const enmHardwareID category = model->selection[i];
     model->SetRunning(category);
     const CategoryOutcome outcome = RunCategory(category, *objects, callbacks);

@@ -10,6 +10,7 @@ namespace orv::sysdiagnose {
 struct DetectRun {
   std::shared_ptr<RunModel> model;
   std::shared_ptr<TestObjects> objects;
+  RunStops::Token stop;
   CategoryCallbacks callbacks;
   CancelledCallback cancelled;
   DetectFinishedCallback finished;

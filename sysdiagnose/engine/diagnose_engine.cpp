@@ -20,6 +20,7 @@ void DiagnoseEngine::BeginDetectRun(std::vector<enmHardwareID> selection,
   model->selection = std::move(selection);
   const DetectRun run{model,
                       objects,
+                      stops.Begin(),
                       {std::move(itemStart), std::move(itemResult), std::move(categoryUnknown),
                        std::move(repairOffer)},
                       std::move(cancelled),
@@ -31,9 +32,8 @@ void DiagnoseEngine::BeginRepairRun(RepairMap repairs, RepairCallbacks callbacks
                                     RunFailedCallback failed) {
   RequireSet(callbacks.categoryStart, callbacks.repairStart, callbacks.repairResult,
              callbacks.categoryResult, callbacks.cancelled, callbacks.finished);
-  model->cancelRequested = false;
   model->finished = false;
-  RepairRun run(model, std::move(repairs), std::move(callbacks));
+  RepairRun run(model, stops.Begin(), std::move(repairs), std::move(callbacks));
   Begin([run = std::move(run)]() mutable { run.Run(); }, std::move(failed));
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/hardware_detect/hardware_detect.h"
+#include "sysdiagnose/base/run_stops.h"
 #include "sysdiagnose/base/run_task.h"
 #include "sysdiagnose/engine/run_callbacks.h"
 #include "sysdiagnose/engine/run_model.h"
@@ -55,8 +56,9 @@ class DiagnoseEngine {
   /// std::bad_function_call when one of the callbacks is empty.
   void BeginRepairRun(RepairMap repairs, RepairCallbacks callbacks, RunFailedCallback failed = {});
 
-  /// Asks the run to stop before its next category or repair. Any thread, also a signal handler.
-  void CancelDetect() { model->cancelRequested = true; }
+  /// Asks the runs begun so far to stop before their next category or repair. Any thread, also a
+  /// signal handler.
+  void CancelDetect() { stops.Request(); }
 
   bool IsRunning() const { return model->running; }
 
@@ -72,6 +74,7 @@ class DiagnoseEngine {
 
   std::shared_ptr<RunModel> model;
   std::shared_ptr<TestObjects> objects;
+  RunStops stops;
   RunTask task;
 };
 

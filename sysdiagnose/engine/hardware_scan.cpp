@@ -11,6 +11,7 @@ namespace orv::sysdiagnose {
 // One scan; owns all it needs.
 struct HardwareScan::Scan {
   std::shared_ptr<State> state;
+  RunStops::Token stop;
   InfoRowCallback onRow;
   CompleteCallback complete;
   EndedCallback ended;
@@ -20,7 +21,7 @@ struct HardwareScan::Scan {
     const std::vector<tagDetectItem> items = DetectCatalogue::Instance().items;
     std::vector<std::uint32_t> found;
     for (const tagDetectItem& item : items) {
-      if (state->cancelRequested) return End();
+      if (stop.IsRequested()) return End();
       if (static_cast<std::int32_t>(item.id) >= kHardwareIdCount) continue;
       found.push_back(CollectInformation(item.id, onRow) ? 1 : 0);
     }
@@ -31,7 +32,6 @@ struct HardwareScan::Scan {
 
   void End() const {
     ended();
-    state->cancelRequested = false;
     state->running = false;
   }
 };
@@ -42,7 +42,7 @@ void HardwareScan::Start(InfoRowCallback onRow, CompleteCallback complete, Ended
                          RunTask::FailedCallback failed) {
   RequireSet(onRow, complete, ended);
   state = std::make_shared<State>();
-  const Scan scan{state, std::move(onRow), std::move(complete), std::move(ended)};
+  const Scan scan{state, stops.Begin(), std::move(onRow), std::move(complete), std::move(ended)};
   task.Begin([scan] { scan.Run(); },
              [scanState = state, failed = std::move(failed)](const std::string& error) {
                scanState->running = false;

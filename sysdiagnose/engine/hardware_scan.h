@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "sysdiagnose/base/run_stops.h"
 #include "sysdiagnose/base/run_task.h"
 #include "sysdiagnose/catalogue/information_sheet.h"
 
@@ -26,20 +27,21 @@ class HardwareScan {
   void Start(InfoRowCallback onRow, CompleteCallback complete, EndedCallback ended,
              RunTask::FailedCallback failed = {});
 
-  /// Asks the scan to stop before its next category. Any thread, also a signal handler.
-  void Cancel() { state->cancelRequested = true; }
+  /// Asks the scans begun so far to stop before their next category. Any thread, also a signal
+  /// handler.
+  void Cancel() { stops.Request(); }
 
   bool IsRunning() const { return state->running; }
   void Wait() const { task.Wait(); }
 
  private:
   struct State {
-    std::atomic<bool> cancelRequested = false;
     std::atomic<bool> running = false;
   };
   struct Scan;
 
   std::shared_ptr<State> state;
+  RunStops stops;
   RunTask task;
 };
 

@@ -49,8 +49,8 @@ QuietRuns::QuietRuns() : state(std::make_shared<State>()) {}
 
 void QuietRuns::BeginDetection(CategoryResultCallback categoryResult, EndedCallback ended,
                                RunTask::FailedCallback failed) {
-  state->stopRequested = false;
-  Begin([categoryResult = std::move(categoryResult)](State& run) { run.Detect(categoryResult); },
+  Begin([stop = stops.Begin(), categoryResult = std::move(categoryResult)](
+            State& run) { run.Detect(stop, categoryResult); },
         std::move(ended), std::move(failed));
 }
 
@@ -81,12 +81,14 @@ void QuietRuns::State::Post() const {
   IPCHelper::Instance().PostSummary(summary, IPCHelper::ModeQuiet);
 }
 
-void QuietRuns::State::Detect(const CategoryResultCallback& categoryResult) {
+void QuietRuns::State::Detect(const RunStops::Token& stop,
+                              const CategoryResultCallback& categoryResult) {
   items.clear();
   repairs.clear();
+  BeginRun(objects);
   const std::vector<tagDetectItem> snapshot = DetectCatalogue::Instance().items;
   for (const tagDetectItem& item : snapshot) {
-    if (stopRequested) break;
+    if (stop.IsRequested()) break;
     const bool normal = DetectCategory(item);
     if (categoryResult) categoryResult(item.id, normal);
     Pause(kAfterCategory);
@@ -110,27 +112,31 @@ bool QuietRuns::State::DetectCategory(const tagDetectItem& item) {
 void QuietRuns::State::Repair(const std::vector<enmHardwareID>& categories) {
   Post();
   Pause(kBeforeRepairs);
-  for (const enmHardwareID category : categories) {
-    if (!repairs.contains(category) || !RepairCategory(category)) continue;
-    repairs.erase(category);
-    for (DetectListEntry& entry : items)
-      if (IsOf(entry, category)) ShowOutcome(entry, {});
-  }
+  for (const enmHardwareID category : categories)
+    if (repairs.contains(category)) RepairCategory(category);
   Post();
   Pause(kBeforeLastSummary);
   Post();
 }
 
-bool QuietRuns::State::RepairCategory(enmHardwareID category) {
+void QuietRuns::State::RepairCategory(enmHardwareID category) {
+  const std::vector<tagRepairItemInfo> entries = repairs.at(category);
   bool repaired = true;
-  for (tagRepairItemInfo repair : repairs.at(category)) {
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    tagRepairItemInfo repair = entries[i];
     HardwareDetect::tagHARDWARE_REPAIR_RESULT result;
     HardwareRepairHelper::Instance().Repair(repair.command, repair.parameter, result);
     repaired = repaired && result.code == 0;
+    if (repaired && i + 1 == entries.size()) ShowRepaired(category);
     Post();
     Pause(kAfterRepair);
   }
-  return repaired;
+}
+
+void QuietRuns::State::ShowRepaired(enmHardwareID category) {
+  repairs.erase(category);
+  for (DetectListEntry& entry : items)
+    if (IsOf(entry, category)) ShowOutcome(entry, {});
 }
 
 }  // namespace orv::sysdiagnose

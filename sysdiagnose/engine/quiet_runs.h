@@ -1,10 +1,10 @@
 #pragma once
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <vector>
 
+#include "sysdiagnose/base/run_stops.h"
 #include "sysdiagnose/base/run_task.h"
 #include "sysdiagnose/engine/run_model.h"
 #include "sysdiagnose/engine/test_objects.h"
@@ -31,8 +31,9 @@ class QuietRuns {
   void BeginRepair(std::vector<enmHardwareID> categories, EndedCallback ended,
                    RunTask::FailedCallback failed);
 
-  /// Asks a running detection to stop before its next category. Any thread, also a signal handler.
-  void RequestStop() { state->stopRequested = true; }
+  /// Asks the detections begun so far to stop before their next category. Any thread, also a signal
+  /// handler.
+  void RequestStop() { stops.Request(); }
 
   void Wait() const { task.Wait(); }
 
@@ -41,21 +42,22 @@ class QuietRuns {
 
  private:
   struct State {
-    std::atomic<bool> stopRequested = false;
     std::vector<DetectListEntry> items;
     RepairMap repairs;
     TestObjects objects;
 
     void Post() const;
-    void Detect(const CategoryResultCallback& categoryResult);
+    void Detect(const RunStops::Token& stop, const CategoryResultCallback& categoryResult);
     bool DetectCategory(const tagDetectItem& item);
     void Repair(const std::vector<enmHardwareID>& categories);
-    bool RepairCategory(enmHardwareID category);
+    void RepairCategory(enmHardwareID category);
+    void ShowRepaired(enmHardwareID category);
   };
 
   void Begin(std::function<void(State&)> body, EndedCallback ended, RunTask::FailedCallback failed);
 
   std::shared_ptr<State> state;
+  RunStops stops;
   RunTask task;
 };
 

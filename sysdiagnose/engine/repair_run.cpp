@@ -34,7 +34,7 @@ bool RepairRun::RepairCategory(int position, enmHardwareID category,
     tagRepairItemInfo shown = entry;
     callbacks.repairStart(position, category, shown);
     os::CurrentClock().Sleep(kPause);
-    if (model->cancelRequested) return false;
+    if (stop.IsRequested()) return false;
     repaired = RepairEntry(position, category, entry) && repaired;
   }
   if (repaired) {

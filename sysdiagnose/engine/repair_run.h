@@ -9,8 +9,12 @@ namespace orv::sysdiagnose {
 /// The body of a repair run, over the model of the detection run before it; owns all it needs.
 class RepairRun {
  public:
-  RepairRun(std::shared_ptr<RunModel> run, RepairMap chosen, RepairCallbacks told)
-      : model(std::move(run)), repairs(std::move(chosen)), callbacks(std::move(told)) {}
+  RepairRun(std::shared_ptr<RunModel> run, RunStops::Token asked, RepairMap chosen,
+            RepairCallbacks told)
+      : model(std::move(run)),
+        stop(std::move(asked)),
+        repairs(std::move(chosen)),
+        callbacks(std::move(told)) {}
 
   void Run();
 
@@ -22,6 +26,7 @@ class RepairRun {
   bool RepairEntry(int position, enmHardwareID category, const tagRepairItemInfo& entry);
 
   std::shared_ptr<RunModel> model;
+  RunStops::Token stop;
   RepairMap repairs;
   RepairCallbacks callbacks;
   bool allRepaired = true;

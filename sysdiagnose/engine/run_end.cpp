@@ -8,7 +8,6 @@ namespace orv::sysdiagnose {
 void EndCancelledRun(RunModel& model, const std::function<void()>& cancelled) {
   SaveHistoryRecord(model.record);
   cancelled();
-  model.cancelRequested = false;
   model.running = false;
 }
 

@@ -23,7 +23,6 @@ void ShowOutcome(DetectListEntry& entry, const CategoryOutcome& outcome);
 /// rest is the running task's until the run is over.
 struct RunModel {
   std::vector<enmHardwareID> selection;
-  std::atomic<bool> cancelRequested = false;
   std::atomic<bool> running = false;
   std::atomic<bool> finished = false;
   RunRecord record = FreshRunRecord();

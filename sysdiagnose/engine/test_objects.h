@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -9,18 +10,26 @@
 
 namespace orv::sysdiagnose {
 
-/// The library's test objects of one engine; the wireless tests have one of their own. Used by the
-/// running task alone.
+/// The library's test objects of one engine; the wireless tests have one of their own, the disk
+/// tests one for each run. Used by the running task alone.
 using TestObjects = std::tuple<HardwareDetect::CCpuTest, HardwareDetect::CMemFaultDetect,
                                HardwareDetect::CVideoCardDetect, HardwareDetect::CAudioDetect,
                                HardwareDetect::CBatteryDetect, HardwareDetect::CKeyBoardDetect,
                                HardwareDetect::CBluetoothDetect, HardwareDetect::CBiometricDetect,
-                               HardwareDetect::CDiskFaultDetect>;
+                               std::optional<HardwareDetect::CDiskFaultDetect>>;
+
+/// To be called before each run. Disks take turns in the order they are asked about: a run that
+/// ended among them must not shift the turns of the next.
+inline void BeginRun(TestObjects& objects) {
+  std::get<std::optional<HardwareDetect::CDiskFaultDetect>>(objects).emplace();
+}
 
 template <typename Class>
 Class& ObjectOf(TestObjects& objects) {
   if constexpr (std::is_same_v<Class, HardwareDetect::WifiFaultDetect>)
     return *HardwareDetect::WifiFaultDetect::GetInstance();
+  else if constexpr (std::is_same_v<Class, HardwareDetect::CDiskFaultDetect>)
+    return std::get<std::optional<Class>>(objects).value();
   else
     return std::get<Class>(objects);
 }

@@ -4,6 +4,7 @@
 
 #include "common/file.h"
 #include "common/text.h"
+#include "platform/machine/current.h"
 #include "platform/os/paths.h"
 #include "platform/util/registry.h"
 #include "platform/util/text_helpers.h"
@@ -20,9 +21,14 @@ constexpr const char* kName = "Version";
 
 }  // namespace
 
+std::filesystem::path OemVersionFile() {
+  return machine::IsLive() || os::IsSystemRootSet() ? os::OemVersionFile()
+                                                    : std::filesystem::path();
+}
+
 std::wstring ReadOemVersion() {
   try {
-    return common::Utf8ToWide(common::ReadFile(os::OemVersionFile(), kMaxFileSize));
+    return common::Utf8ToWide(common::ReadFile(OemVersionFile(), kMaxFileSize));
   } catch (const std::exception&) {
     return {};
   }
@@ -34,7 +40,7 @@ void KeepProductVersion(const std::wstring& text) {
 
 std::wstring KeptProductVersion() {
   std::wstring value;
-  if (!DE::Registry::GetValue(kRoot, kKey, kName, value, DE::Registry::kAllAccess)) return {};
+  if (!DE::Registry::GetValue(kRoot, kKey, kName, value, DE::Registry::kReadAccess)) return {};
   return value;
 }
 

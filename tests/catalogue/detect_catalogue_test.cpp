@@ -5,6 +5,7 @@
 #include "platform/concurrency/task.h"
 #include "sysdiagnose/catalogue/device_names.h"
 #include "sysdiagnose/catalogue/sizes.h"
+#include "tests/support/comma_locale.h"
 #include "tests/support/in_force.h"
 
 namespace orv::sysdiagnose {
@@ -81,6 +82,13 @@ TEST(Sizes, GigabytesRoundHalfUpTerabytesAreCut) {
   EXPECT_EQ(DiskCapacityText(1000), L"1.0 TB");
   EXPECT_EQ(DiskCapacityText(1999), L"1.9 TB");
   EXPECT_EQ(DiskCapacityText(2047), L"2.0 TB");
+}
+
+TEST(Sizes, AreWrittenTheSameInEveryLocale) {
+  const CommaLocale locale;
+  ASSERT_TRUE(locale.InForce());
+  EXPECT_EQ(DiskCapacityText(1999), L"1.9 TB");
+  EXPECT_EQ(DiskCapacityText(12'345'678), L"12345.6 TB");
 }
 
 }  // namespace

@@ -111,8 +111,8 @@ TEST_F(RepairCommandTest, CheckPrintsEachSummaryAndRepairsWithoutAHistoryRow) {
   };
   // Four categories and the last verdict; then before, after each of three repairs, and twice more.
   EXPECT_EQ(count(R"({"type":"summary","message":"0x20000B","headline":")"), 11);
-  EXPECT_EQ(count(R"x("abnormal":2,"result":"IDS_HARDWARE_DETECT_DOCTOR_ABNORMAL_NUM(2)")x"), 4);
-  EXPECT_EQ(count(R"("repairable":true,"selected":true,"category":7})"), 5);
+  EXPECT_EQ(count(R"x("abnormal":2,"result":"IDS_HARDWARE_DETECT_DOCTOR_ABNORMAL_NUM(2)")x"), 3);
+  EXPECT_EQ(count(R"("repairable":true,"selected":true,"category":7})"), 4);
   EXPECT_THAT(outcome.output,
               HasSubstr(R"("description":"{f 16}{c #7F7F7F}Sample CPU{/f}{/c}","state":1)"));
   EXPECT_EQ(Run({"history"}).output, "");

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "common/seconds_text.h"
+#include "tests/support/comma_locale.h"
+
 namespace common {
 namespace {
 
@@ -37,6 +40,15 @@ TEST(Text, UnpairedSurrogatesSurviveInUnitsAndAreReplacedInUtf8) {
   EXPECT_EQ(WideToUtf8(Utf16ToWide(units)),
             "a\xEF\xBF\xBD"
             "b\xEF\xBF\xBD\xEF\xBF\xBD");
+}
+
+TEST(SecondsText, HasOneDigitBehindAPointInEveryLocale) {
+  using std::chrono::milliseconds;
+  const CommaLocale locale;
+  ASSERT_TRUE(locale.InForce());
+  EXPECT_EQ(SecondsText(milliseconds(0)), "0.0 s");
+  EXPECT_EQ(SecondsText(milliseconds(1960)), "2.0 s");
+  EXPECT_EQ(SecondsText(milliseconds(1'234'940)), "1234.9 s");
 }
 
 }  // namespace

@@ -2,8 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+
+#include "common/text.h"
 #include "platform/concurrency/message_blocks.h"
+#include "platform/machine/current.h"
 #include "sysdiagnose/records/history_store.h"
+#include "tests/support/fake_machine.h"
 #include "tests/support/in_force.h"
 
 namespace orv::sysdiagnose {
@@ -52,7 +57,8 @@ class Runner {
   static std::string Name(Category id) { return std::to_string(static_cast<int>(id)); }
   static std::string Short(const std::wstring& caption) {
     constexpr std::wstring_view kPrefix = L"IDS_HARDWARE_DIAGNOSE_";
-    return " " + std::string(caption.begin() + kPrefix.size(), caption.end());
+    const std::size_t prefix = caption.starts_with(kPrefix) ? kPrefix.size() : 0;
+    return " " + common::WideToUtf8(std::wstring_view(caption).substr(prefix));
   }
   void Note(std::string text) { notes.push_back(std::move(text)); }
 };
@@ -117,6 +123,34 @@ TEST(Engine, AnExceptionEndsTheRunWithoutARecordAndTheNextRunWorks) {
   EXPECT_EQ(StoredRuns(), 1);
 }
 
+// Three disks of one kind. The second gives no answer when it is asked first.
+class ThreeDisks final : public FakeMachine {
+ public:
+  const machine::Inventory& Info() override { return described->Info(); }
+  machine::TestAnswer Test(machine::TestCall, std::size_t, int disk) override {
+    asked.push_back(disk);
+    if (asked.size() == 2) throw std::runtime_error("no answer");
+    return {1, {}, true, {}};
+  }
+
+  std::vector<int> asked;
+
+ private:
+  const std::unique_ptr<machine::Machine> described =
+      machine::ParseMachine(R"({"info": {"CDisk": {"JudgeSSd": [true, true, true]}}})", "disks");
+};
+
+TEST(Engine, ARunBehindOneThatFailedAsksTheDisksFromTheFirst) {
+  const InForce inForce;
+  auto owned = std::make_unique<ThreeDisks>();
+  const ThreeDisks& disks = *owned;
+  machine::SetCurrent(std::move(owned));
+  Runner runner;
+  EXPECT_EQ(runner.Run({Category::Disk}).back(), "failed no answer");
+  EXPECT_EQ(runner.Run({Category::Disk, Category::Disk}).back(), "finished 0 -1");
+  EXPECT_THAT(disks.asked, ElementsAre(0, 1, 0, 1, 2, 0, 1, 2));
+}
+
 TEST(Engine, AnEmptyCallbackFailsAtOnceOnTheCallersThread) {
   const InForce inForce;
   DiagnoseEngine engine;
@@ -150,16 +184,43 @@ TEST(Engine, ARunBegunBeforeTheLastHasEndedWaitsForIt) {
                           "start 8 DISPLAY_FAST", "ok 8 DISPLAY_FAST", "finished 0 -1"));
 }
 
-TEST(Engine, ACancelFromAnotherThreadIsSeenAndTheEngineMayGoFirst) {
+TEST(Engine, ACancelFromAnotherThreadEndsTheRunBehindTheCategoryItMeets) {
   const InForce inForce;
-  for (int i = 0; i < 50; ++i) {
-    DiagnoseEngine engine;
-    const auto ignore = [](auto&&...) {};
-    engine.BeginDetectRun(std::vector<Category>(20, Category::Display), ignore, ignore, ignore,
-                          ignore, ignore, ignore);
-    if (i % 2 == 0) engine.CancelDetect();
-  }
-  concurrency::wait_until_idle();
+  Runner runner;
+  concurrency::unbounded_buffer<int> started;
+  concurrency::unbounded_buffer<int> go;
+  runner.atStart = [&](Category id) {
+    if (id != Category::Motherboard) return;
+    started.send(1);
+    go.receive();
+  };
+  runner.Begin({Category::Motherboard, Category::Display});
+  started.receive();
+  std::thread([&runner] { runner.engine.CancelDetect(); }).join();
+  go.send(1);
+  runner.engine.Wait();
+  EXPECT_THAT(runner.notes, ElementsAre("start 1 MOT_FAST", "ok 1 MOT_FAST", "cancelled"));
+}
+
+TEST(Engine, ACancelHoldsForARunThatAnotherWaitsBehind) {
+  const InForce inForce;
+  Runner runner;
+  concurrency::unbounded_buffer<int> started;
+  concurrency::unbounded_buffer<int> go;
+  runner.atStart = [&](Category id) {
+    if (id != Category::Motherboard) return;
+    started.send(1);
+    go.receive();
+  };
+  runner.Begin({Category::Motherboard, Category::Display});
+  started.receive();
+  runner.engine.CancelDetect();
+  runner.Begin({Category::Display});
+  go.send(1);
+  runner.engine.Wait();
+  EXPECT_THAT(runner.notes,
+              ElementsAre("start 1 MOT_FAST", "ok 1 MOT_FAST", "cancelled", "start 8 DISPLAY_FAST",
+                          "ok 8 DISPLAY_FAST", "finished 0 -1"));
 }
 
 }  // namespace

@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
+#include <optional>
 #include <thread>
+#include <utility>
 
 #include "common/protocol/message_ids.h"
 #include "platform/concurrency/message_blocks.h"
@@ -97,31 +101,96 @@ TEST(EverythingAtOnce, AScanARunAQuietRunAndMessagesDoNotDisturbEachOther) {
   EXPECT_EQ(host.descriptors, 20);
 }
 
-TEST(EverythingAtOnce, AThousandStartsCancelledOrTornDownAtOnceLeaveNothing) {
+// How runs ended and what they told before. Outlives the runs.
+struct Tally {
+  std::atomic<int> announced = 0;
+  std::atomic<int> reported = 0;
+  std::atomic<int> finished = 0;
+  std::atomic<int> cancelled = 0;
+  std::atomic<int> scans = 0;
+  std::atomic<int> quietRuns = 0;
+};
+
+// Asks for a cancel again and again while a run is begun, and once more behind that.
+class Canceller {
+ public:
+  explicit Canceller(std::function<void()> cancel)
+      : thread([this, cancel = std::move(cancel)] {
+          while (!begun) cancel();
+          cancel();
+          asked->send(1);
+        }) {}
+
+  ~Canceller() {
+    begun = true;
+    thread.join();
+  }
+  Canceller(const Canceller&) = delete;
+  Canceller& operator=(const Canceller&) = delete;
+
+  // Filled behind the last cancel. May outlive the canceller.
+  const std::shared_ptr<concurrency::unbounded_buffer<int>> asked =
+      std::make_shared<concurrency::unbounded_buffer<int>>();
+
+ private:
+  std::atomic<bool> begun = false;
+  std::thread thread;
+};
+
+// A run whose first item waits for the last cancel therefore ends cancelled, wherever that came.
+void BeginCancelled(DiagnoseEngine& engine, Tally& tally) {
+  const Canceller canceller([&engine] { engine.CancelDetect(); });
+  const auto wait = [&tally, asked = canceller.asked, first = true](auto, auto&) mutable {
+    ++tally.announced;
+    if (std::exchange(first, false)) asked->receive();
+  };
+  engine.BeginDetectRun(
+      kSelection, wait, [&tally](auto, auto&) { ++tally.reported; }, kIgnore, kIgnore,
+      [&tally] { ++tally.cancelled; }, [&tally](int&, int&) { ++tally.finished; });
+}
+
+void BeginCounted(DiagnoseEngine& engine, Tally& tally) {
+  engine.BeginDetectRun(
+      kSelection, [&tally](auto, auto&) { ++tally.announced; },
+      [&tally](auto, auto&) { ++tally.reported; }, kIgnore, kIgnore,
+      [&tally] { ++tally.cancelled; }, [&tally](int&, int&) { ++tally.finished; });
+}
+
+TEST(EverythingAtOnce, AThousandStartsCancelledOrTornDownAtOnceEndOnceAndLeaveNothing) {
+  constexpr int kRounds = 999;
   const InForce inForce(kMachine);
   inForce.WriteConfig("SysdiagnoseList.xml", kList);
   FakeClock clock(1000);
   WarmUp();
   ProcessCounts early{};
-  for (int round = 0; round < 1000; ++round) {
+  Tally tally;
+  for (int round = 0; round < kRounds; ++round) {
     {
       DiagnoseEngine engine;
       QuietRuns quiet;
       HardwareScan scan;
-      BeginDetection(engine);
-      quiet.BeginDetection({}, {}, {});
-      BeginScan(scan);
-      if (round % 3 == 0) engine.CancelDetect();
+      std::optional<Canceller> others;
       if (round % 3 == 1) {
-        scan.Cancel();
-        quiet.RequestStop();
+        others.emplace([&] {
+          scan.Cancel();
+          quiet.RequestStop();
+        });
       }
+      round % 3 == 0 ? BeginCancelled(engine, tally) : BeginCounted(engine, tally);
+      quiet.BeginDetection({}, [&tally] { ++tally.quietRuns; }, {});
+      scan.Start([](auto, auto&) { return true; }, [&tally](auto) { ++tally.scans; },
+                 [&tally] { ++tally.scans; });
     }
     concurrency::wait_until_idle();
     message::WaitUntilDelivered();
     if (round == 10) early = ProcessCounts::Now();
   }
   EXPECT_EQ(ProcessCounts::Now(), early);
+  EXPECT_EQ(tally.cancelled, kRounds / 3);
+  EXPECT_EQ(tally.finished, kRounds / 3 * 2);
+  EXPECT_EQ(tally.reported, tally.announced);
+  EXPECT_EQ(tally.scans, kRounds);
+  EXPECT_EQ(tally.quietRuns, kRounds);
 }
 
 }  // namespace

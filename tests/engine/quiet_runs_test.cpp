@@ -82,7 +82,7 @@ TEST_F(QuietRunsTest, DetectionShowsEachCategoryAndKeepsNoRow) {
 TEST_F(QuietRunsTest, RepairMendsWhatWasOfferedForTheCategoriesNamed) {
   Detect();
   runs.BeginRepair({Category::Processor, Category::GraphicsCard, Category::Keyboard}, {}, {});
-  EXPECT_THAT(Noted(), ElementsAre("2 4:2 7:3 10:3", "2 4:2 7:3 10:3", "1 4:2 7:2 10:3",
+  EXPECT_THAT(Noted(), ElementsAre("2 4:2 7:3 10:3", "1 4:2 7:2 10:3", "1 4:2 7:2 10:3",
                                    "1 4:2 7:2 10:3", "1 4:2 7:2 10:3"));
   EXPECT_EQ(clock.SecondsSinceEpoch(), 1007);  // 0.6 + 1 + 2 x 0.5 + 5 s
   EXPECT_EQ(runs.OfferedRepairs().size(), 1);
@@ -92,6 +92,30 @@ TEST_F(QuietRunsTest, AStopEndsItBetweenCategoriesAndTheNextStartIsNotStopped) {
   runs.BeginDetection([this](Category, bool) { runs.RequestStop(); }, {}, {});
   EXPECT_THAT(Noted(), ElementsAre("0 4:1", "0 4:2"));
   EXPECT_EQ(Detect().size(), 4);
+}
+
+TEST_F(QuietRunsTest, AStopHoldsForTheRunsBegunBeforeItWhateverBeginsLater) {
+  concurrency::unbounded_buffer<int> inside;
+  concurrency::unbounded_buffer<int> go;
+  const auto holdTheFirst = [&](Category id, bool) {
+    if (id != Category::Processor) return;
+    inside.send(1);
+    go.receive();
+  };
+  runs.BeginDetection(holdTheFirst, {}, {});
+  inside.receive();
+  runs.RequestStop();
+  runs.BeginDetection({}, {}, {});
+  go.send(1);
+  EXPECT_THAT(Noted(), ElementsAre("0 4:1", "0 4:2", "0 4:1", "0 4:2 7:1", "1 4:2 7:3 10:1",
+                                   "2 4:2 7:3 10:3"));
+
+  runs.BeginDetection(holdTheFirst, {}, {});
+  inside.receive();
+  runs.BeginDetection({}, {}, {});
+  runs.RequestStop();
+  go.send(1);
+  EXPECT_THAT(Noted(), ElementsAre("0 4:1", "0 4:2", "0"));
 }
 
 TEST_F(QuietRunsTest, ASecondRunOfAnotherOwnerWaitsItsTurn) {

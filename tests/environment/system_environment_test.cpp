@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/machine/current.h"
 #include "sysdiagnose/environment/product_version.h"
 #include "tests/support/in_force.h"
 
@@ -91,6 +92,23 @@ TEST(ProductVersion, OutlivesItsFileInTheRegistry) {
   EXPECT_EQ(SystemEnvironment::GetProductVersion(), "TK-7");
   inForce.WriteOemVersion("");
   EXPECT_EQ(SystemEnvironment::GetProductVersion(), "TK-7");
+}
+
+TEST(ProductVersion, OfADescribedMachineIsItsOwnElseOfTheSystemRootGivenForIt) {
+  constexpr const char* kPlace = "HARDWARE\\\\DESCRIPTION\\\\System\\\\Product";
+  const std::string own = std::string(R"({"registry": {"HKEY_LOCAL_MACHINE": {")") + kPlace +
+                          R"(": {"Version": "LX-1_A"}}}})";
+  const InForce inForce;
+  inForce.WriteOemVersion("TK-7_B");
+  EXPECT_EQ(SystemEnvironment::GetProductVersion(), "TK-7");
+  machine::SetCurrent(machine::ParseMachine(own, "own"));
+  EXPECT_EQ(SystemEnvironment::GetProductVersion(), "LX-1");
+
+  EXPECT_EQ(OemVersionFile(), os::OemVersionFile());
+  os::SetSystemRoot({});
+  EXPECT_EQ(OemVersionFile(), "");
+  machine::SetCurrent(nullptr);
+  EXPECT_EQ(OemVersionFile(), os::OemVersionFile());
 }
 
 TEST(ProductVersion, ATextOfSixtyFourCharactersIsRefusedNotCut) {

@@ -23,6 +23,9 @@ class FakeMachine : public machine::Machine {
     return found->second;
   }
 
+  std::string Identity() override { return identity; }
+
+  std::string identity;
   machine::Inventory inventory;
   std::optional<std::vector<std::string>> shelf;
   std::map<std::tuple<std::string, std::string, std::string>, std::wstring> registry;

@@ -10,35 +10,49 @@
 
 namespace {
 
-constexpr auto kAccess = DE::Registry::kAllAccess;
 const std::string kRoot = "HKEY_LOCAL_MACHINE";
 const std::string kKey = "HARDWARE\\DESCRIPTION\\System\\Product";
 
 std::wstring Value(const std::string& name) {
   std::wstring value = L"untouched";
-  return DE::Registry::GetValue(kRoot, kKey, name, value, kAccess) ? value : value + L", none";
+  return DE::Registry::GetValue(kRoot, kKey, name, value, DE::Registry::kReadAccess)
+             ? value
+             : value + L", none";
 }
 
-TEST(Registry, AnswersWithTheWrittenValueThenTheMachinesThenTheStoredOne) {
+bool Write(const std::string& name, const std::wstring& value) {
+  return DE::Registry::SetValue(kRoot, kKey, name, value, DE::Registry::kAllAccess);
+}
+
+FakeMachine& Describe(const std::string& identity) {
+  auto owned = std::make_unique<FakeMachine>();
+  FakeMachine& described = *owned;
+  described.identity = identity;
+  machine::SetCurrent(std::move(owned));
+  return described;
+}
+
+TEST(Registry, OfADescribedMachineIsItsOwn) {
   const TemporaryFolder folder;
   os::SetDataFolder(folder.path);
   util::Store store(folder.path);
-  store.SetRegistryValue(kRoot, kKey, "Version", "stored \xe7\x89\x88 \xf0\x9f\x92\xbb");
+  store.SetRegistryValue(kRoot, kKey, "Version", "of this machine");
 
-  auto owned = std::make_unique<FakeMachine>();
-  FakeMachine& machine = *owned;
-  machine::SetCurrent(std::move(owned));
-  EXPECT_EQ(Value("Version"), L"stored \u7248 \U0001F4BB");
+  Describe("A").registry[{kRoot, kKey, "Named"}] = L"by the file";
+  EXPECT_EQ(Value("Version"), L"untouched, none");
+  EXPECT_TRUE(Write("Version", L"\u00fcberschrieben \U0001F4BB"));
+  EXPECT_EQ(Value("Version"), L"\u00fcberschrieben \U0001F4BB");
   EXPECT_EQ(Value("version"), L"untouched, none");
-  machine.registry[{kRoot, kKey, "Version"}] = L"from the machine";
-  EXPECT_EQ(Value("Version"), L"from the machine");
+  EXPECT_FALSE(Write("Named", L"anything else"));
+  EXPECT_EQ(Value("Named"), L"by the file");
 
-  EXPECT_TRUE(DE::Registry::SetValue(kRoot, kKey, "Version", L"\u00fcberschrieben", kAccess));
-  EXPECT_EQ(Value("Version"), L"\u00fcberschrieben");
-  EXPECT_EQ(store.RegistryValue(kRoot, kKey, "Version"),
-            "\xc3\xbc"
-            "berschrieben");
+  Describe("B");
+  EXPECT_EQ(Value("Version"), L"untouched, none");
+  Describe("A");
+  EXPECT_EQ(Value("Version"), L"\u00fcberschrieben \U0001F4BB");
+  EXPECT_EQ(Value("Named"), L"untouched, none") << "it was never written";
   machine::SetCurrent(nullptr);
+  EXPECT_EQ(store.RegistryValue(kRoot, kKey, "Version"), "of this machine");
 }
 
 }  // namespace

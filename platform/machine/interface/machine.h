@@ -50,12 +50,16 @@ class UTIL_API Machine {
   /// The plugin keys that the product offers, where the machine itself says so.
   virtual std::optional<std::vector<std::string>> Shelf() { return std::nullopt; }
 
-  /// A registry value, where the machine itself holds one. Key names match as they are written.
+  /// A value of the registry that the machine itself holds; the live one leaves it to the system's.
+  /// Key names match as they are written.
   virtual std::optional<std::wstring> RegistryValue(const std::string& root, const std::string& key,
                                                     const std::string& name) {
     (void)root, (void)key, (void)name;
     return std::nullopt;
   }
+
+  /// What tells described machines apart; equal descriptions have the same.
+  virtual std::string Identity() { return {}; }
 };
 
 }  // namespace machine

@@ -49,6 +49,13 @@ constexpr auto kSections = std::to_array<SectionRow>({
   throw MachineFileError(file + ": " + reason);
 }
 
+// Of the text as it stands: a file that was changed describes another machine.
+std::string IdentityOf(std::string_view json) {
+  std::uint64_t hash = 0xCBF29CE484222325;  // FNV-1a
+  for (const char byte : json) hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
+  return std::to_string(hash);
+}
+
 std::string ReadBytes(const std::filesystem::path& file, const std::string& name) {
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(file, error);
@@ -75,7 +82,7 @@ std::unique_ptr<Machine> ParseMachine(std::string_view json, const std::string& 
     if (row == kSections.end()) section.Fail("unknown key");
     row->read(section, recording);
   }
-  return std::make_unique<RecordedMachine>(std::move(recording));
+  return std::make_unique<RecordedMachine>(std::move(recording), IdentityOf(json));
 }
 
 std::unique_ptr<Machine> ReadMachineFile(const std::filesystem::path& file) {

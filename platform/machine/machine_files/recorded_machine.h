@@ -49,7 +49,8 @@ bool HasVerdict(TestCall call);
 /// A machine that gives recorded answers. Never changes, so that any thread may ask.
 class RecordedMachine final : public Machine {
  public:
-  explicit RecordedMachine(Recording answers) : recording(std::move(answers)) {}
+  RecordedMachine(Recording answers, std::string identityOfFile)
+      : recording(std::move(answers)), identity(std::move(identityOfFile)) {}
 
   const Inventory& Info() override { return recording.info; }
   std::wstring ProductName() override { return recording.product; }
@@ -59,9 +60,11 @@ class RecordedMachine final : public Machine {
   std::optional<std::vector<std::string>> Shelf() override { return recording.shelf; }
   std::optional<std::wstring> RegistryValue(const std::string& root, const std::string& key,
                                             const std::string& name) override;
+  std::string Identity() override { return identity; }
 
  private:
   const Recording recording;
+  const std::string identity;
 };
 
 }  // namespace machine

@@ -84,4 +84,74 @@ TEST(SmartReport, ReadsTheHealthLogOfAnNvmeDrive) {
   EXPECT_EQ(Raised(TestCall::DiskHddSmart, Nvme(9, 10, 100)), Places{});
 }
 
+// What the drive says of itself must show among the attributes, whatever they say alone.
+TEST(SmartReport, ADriveThatSaysItFailsRaisesTheFlagOfItsReason) {
+  constexpr std::size_t kSectors = 3, kOldSectors = 1, kSpare = 18, kWear = 19;
+  constexpr auto kHdd = TestCall::DiskHddSmart, kSsd = TestCall::DiskSsdSmart;
+  const auto failing = [](const std::string& more) {
+    return R"({"smart_status": {"passed": false)" + more + "}";
+  };
+  const auto ata = [&](const std::string& attribute) {
+    return failing(R"(}, "ata_smart_attributes": {"table": [)" + attribute + "]}");
+  };
+  const auto nvme = [&](int warning) {
+    const std::string value = std::to_string(warning);
+    return failing(R"(, "nvme": {"value": )" + value +
+                   R"(}}, "nvme_smart_health_information_log": {"critical_warning": )" + value +
+                   R"(, "available_spare": 100, "available_spare_threshold": 10})");
+  };
+  const auto scsi = [&](int ascq, const std::string& words) {
+    return failing(R"(, "scsi": {"asc": 93, "ascq": )" + std::to_string(ascq) +
+                   R"(, "ie_string": ")" + words + R"("}})");
+  };
+  const struct {
+    TestCall test;
+    std::string report;
+    std::vector<std::size_t> raised;
+    std::wstring reasons;
+  } cases[] = {
+      {kHdd, failing("}"), {kSectors}, L""},
+      {kSsd, failing("}"), {kWear}, L""},
+      {kHdd,
+       ata(R"({"id": 10, "name": "Spin_Retry_Count", "when_failed": "now"})"),
+       {6},
+       L": Spin_Retry_Count"},
+      {kSsd,
+       ata(R"({"id": 5, "name": "Reallocated", "value": 9, "thresh": 9})"),
+       {kOldSectors},
+       L": Reallocated"},
+      {kSsd, ata(R"({"id": 5, "name": "Once", "when_failed": "past"})"), {kOldSectors, kWear}, L""},
+      {kHdd,
+       ata(R"({"id": 200, "name": "Multi_Zone", "when_failed": "now"})"),
+       {kSectors},
+       L": Multi_Zone"},
+      {kSsd, nvme(0x01), {kSpare}, L": spare blocks below their threshold"},
+      {kSsd, nvme(0x0C), {kWear}, L": reliability degraded, read only"},
+      {kSsd,
+       nvme(0x03),
+       {kSpare, kWear},
+       L": spare blocks below their threshold, temperature out of its limits"},
+      {kSsd, nvme(0x80), {kWear}, L""},
+      {kHdd, nvme(0x01), {kSectors}, L": spare blocks below their threshold"},
+      {kHdd, scsi(0x32, "DATA ERROR RATE TOO HIGH"), {kSectors}, L": DATA ERROR RATE TOO HIGH"},
+      {kSsd, scsi(0x73, "ENDURANCE LIMIT MET"), {kWear}, L": ENDURANCE LIMIT MET"},
+      {kSsd, scsi(0x03, "SPARE AREA"), {kSpare}, L": SPARE AREA"},
+      {kSsd,
+       R"({"nvme_smart_health_information_log": {"critical_warning": 4}})",
+       {kWear},
+       L": reliability degraded"},
+      {kSsd,
+       R"({"smart_status": {"passed": true},
+                 "nvme_smart_health_information_log": {"critical_warning": 8}})",
+       {kWear},
+       L": read only"},
+  };
+  for (const auto& [test, report, raised, reasons] : cases) {
+    const machine::TestAnswer answer = ParseSmartReport(test, report);
+    EXPECT_EQ(answer.code, 0U) << report;
+    EXPECT_EQ(Raised(test, report), raised) << report;
+    EXPECT_EQ(answer.text, L"the disk reports that it is failing" + reasons) << report;
+  }
+}
+
 }  // namespace
