@@ -116,9 +116,11 @@ TEST_F(FrameChannelTest, HandsOutOneFrameAfterAnotherWhenItRestsAfterEach) {
   EXPECT_EQ(ended, "");
 }
 
-TEST_F(FrameChannelTest, HandsOutWhatHadComeWhenItIsEndedInARest) {
+class EndedInARest : public FrameChannelTest, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(EndedInARest, HandsOutAllThatHadCome) {
   then = FrameChannel::Then::Rest;
-  for (std::uint32_t id : {1, 2, 3}) peer->Post(1, 2, id, std::vector<std::uint8_t>(kQuarter));
+  for (std::uint32_t id : {1, 2, 3}) peer->Post(1, 2, id, std::vector<std::uint8_t>(GetParam()));
   context.run();
   context.restart();
   EXPECT_THAT(got, ElementsAre(1u));
@@ -128,5 +130,8 @@ TEST_F(FrameChannelTest, HandsOutWhatHadComeWhenItIsEndedInARest) {
   EXPECT_EQ(ended, "enough");
   channel->Resume();
 }
+
+// What it held back, and what it had not read yet.
+INSTANTIATE_TEST_SUITE_P(FrameChannel, EndedInARest, testing::Values(1, kQuarter));
 
 }  // namespace
