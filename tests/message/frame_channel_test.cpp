@@ -116,18 +116,22 @@ TEST_F(FrameChannelTest, HandsOutOneFrameAfterAnotherWhenItRestsAfterEach) {
   EXPECT_EQ(ended, "");
 }
 
-TEST_F(FrameChannelTest, HandsOutWhatHadComeWhenItIsEndedInARest) {
+class EndedInARest : public FrameChannelTest, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(EndedInARest, HandsOutAllThatHadCome) {
   then = FrameChannel::Then::Rest;
-  for (const std::size_t bytes : {std::size_t{1}, std::size_t{1}, kQuarter, std::size_t{1}})
-    peer->Post(1, 2, 3, std::vector<std::uint8_t>(bytes));
+  for (std::uint32_t id : {1, 2, 3}) peer->Post(1, 2, id, std::vector<std::uint8_t>(GetParam()));
   context.run();
   context.restart();
-  EXPECT_EQ(got.size(), 1u);
+  EXPECT_THAT(got, ElementsAre(1u));
   channel->End("enough");
   context.run();
-  EXPECT_EQ(got.size(), 4u) << "what it held back, and what it had not read yet";
+  EXPECT_THAT(got, ElementsAre(1u, 2u, 3u));
   EXPECT_EQ(ended, "enough");
   channel->Resume();
 }
+
+// What it held back, and what it had not read yet.
+INSTANTIATE_TEST_SUITE_P(FrameChannel, EndedInARest, testing::Values(1, kQuarter));
 
 }  // namespace
