@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <deque>
-#include <fstream>
-#include <stdexcept>
 #include <string>
 #include <utility>
 
-#include "common/path_text.h"
+#include "manager/companion_service/file_failure.h"
 #include "manager/companion_service/log_archive.h"
+#include "manager/companion_service/masked_log.h"
+#include "manager/companion_service/output_file.h"
 #include "platform/machine/machine.h"
 #include "platform/os/clock.h"
 #include "platform/os/folder_entries.h"
@@ -28,15 +28,33 @@ bool HasContent(const fs::path& file) {
          !error;
 }
 
-void CloseWhole(std::ofstream& written, const fs::path& file) {
-  written.close();
-  if (!written) throw std::runtime_error(common::PathText(file) + ": the file cannot be written");
+fs::file_time_type LastChange(const fs::path& file) {
+  std::error_code ignored;
+  return fs::last_write_time(file, ignored);
+}
+
+// The programs' logs that hold the last lines, in the order of their last changes; the first one
+// stands where those lines begin.
+std::deque<MaskedLog> LastLines(const std::vector<LogFile>& files) {
+  std::vector<std::pair<fs::file_time_type, fs::path>> logs;
+  for (const LogFile& log : files)
+    if (log.module == LogModule::Programs) logs.emplace_back(LastChange(log.file), log.file);
+  std::sort(logs.rbegin(), logs.rend());
+
+  std::deque<MaskedLog> last;
+  std::size_t missing = kApplicationLogLines;
+  for (auto log = logs.begin(); log != logs.end() && missing > 0; ++log)
+    missing = last.emplace_front(log->second).GoToLastLines(missing);
+  return last;
 }
 
 }  // namespace
 
 LogFiles::LogFiles(fs::path dataFolder)
-    : folder(std::move(dataFolder)), outbox(folder / "outbox") {}
+    : folder(std::move(dataFolder)),
+      outbox(folder / "outbox"),
+      applicationLog(outbox / "application-log.txt"),
+      failureNote(outbox / "failed.txt") {}
 
 std::vector<LogFile> LogFiles::Ready() const {
   std::vector<LogFile> files;
@@ -44,64 +62,69 @@ std::vector<LogFile> LogFiles::Ready() const {
     if (HasContent(file)) files.push_back({LogModule::Programs, file});
   std::sort(files.begin(), files.end(),
             [](const LogFile& left, const LogFile& right) { return left.file < right.file; });
-  const fs::path events = folder / "events.jsonl";
-  if (HasContent(events)) files.push_back({LogModule::Events, events});
+  for (const char* events : {"events.1.jsonl", "events.jsonl"})  // the earlier ones first
+    if (HasContent(folder / events)) files.push_back({LogModule::Events, folder / events});
   return files;
 }
 
 LogFile LogFiles::ProduceApplicationLog() {
-  std::deque<std::string> last;
-  for (const LogFile& log : Ready()) {
-    if (log.module != LogModule::Programs) continue;
-    std::ifstream lines(log.file);
-    for (std::string line; std::getline(lines, line);) {
-      last.push_back(std::move(line));
-      if (last.size() > kApplicationLogLines) last.pop_front();
-    }
+  MakeOutbox();
+  OutputFile written(applicationLog);
+  for (MaskedLog& log : LastLines(Ready())) {
+    char last = '\n';
+    log.Read(Mask(), [&](std::string_view piece) {
+      written.Write(piece);
+      last = piece.back();
+    });
+    if (last != '\n') written.Write("\n");
   }
-  fs::create_directories(outbox);
-  const fs::path file = outbox / "application-log.txt";
-  std::ofstream written(file, std::ios::trunc);
-  for (const std::string& line : last) written << Mask().Apply(line) << '\n';
-  CloseWhole(written, file);
-  return {LogModule::Application, file};
+  written.Close();
+  written.Keep();
+  return {LogModule::Application, applicationLog};
 }
 
 fs::path LogFiles::Pack(const std::vector<LogFile>& files) {
-  fs::create_directories(outbox);
-  const fs::path made = outbox / ".packing";
-  try {
-    LogArchive packing(made);
-    for (const LogFile& log : files)
-      if (HasContent(log.file))
-        packing.Add("logs/" + common::PathText(log.file.filename()), Hashed(log.file));
-    packing.Finish();
-  } catch (...) {
-    std::error_code ignored;
-    fs::remove(made, ignored);
-    throw;
+  MakeOutbox();
+  LogArchive packing(outbox / ".packing");
+  for (const LogFile& log : files) {
+    if (!HasContent(log.file)) continue;
+    OutputFile masked(outbox / ".masked");  // how long it is is told before it is packed
+    MaskedLog(log.file).Read(Mask(), [&](std::string_view piece) { masked.Write(piece); });
+    masked.Close();
+    packing.Add(log.file.filename(), masked.Path());
   }
   fs::path archive = NewArchive();
-  fs::rename(made, archive);
+  packing.FinishAs(archive);
   return archive;
 }
 
 void LogFiles::Discard() {
   std::error_code ignored;
-  fs::remove(outbox / "application-log.txt", ignored);
+  fs::remove(applicationLog, ignored);
+}
+
+void LogFiles::NoteFailure(const std::string& reason) {
+  MakeOutbox();
+  OutputFile note(failureNote);
+  note.Write(reason + "\n");
+  note.Close();
+  note.Keep();
+}
+
+void LogFiles::ForgetFailure() {
+  std::error_code ignored;
+  fs::remove(failureNote, ignored);
+}
+
+void LogFiles::MakeOutbox() const {
+  std::error_code error;
+  fs::create_directories(outbox, error);
+  if (error) throw FileFailure(outbox, error);
 }
 
 const machine::IdentifierMask& LogFiles::Mask() {
   if (!mask) mask.emplace(machine::Current().Info());
   return *mask;
-}
-
-std::string LogFiles::Hashed(const fs::path& log) {
-  std::ifstream lines(log);
-  if (!lines) throw std::runtime_error(common::PathText(log) + ": the file cannot be read");
-  std::string hashed;
-  for (std::string line; std::getline(lines, line);) hashed += Mask().Apply(line) + '\n';
-  return hashed;
 }
 
 fs::path LogFiles::NewArchive() const {

@@ -24,23 +24,30 @@ class LogFiles {
   std::vector<LogFile> Ready() const;
 
   /// Writes the last lines of the logs to outbox/application-log.txt, identifiers hashed. Throws
-  /// std::runtime_error naming a file that cannot be written.
+  /// std::runtime_error "<path>: <reason>".
   LogFile ProduceApplicationLog();
 
   /// Packs the files, identifiers hashed, into a new outbox/logs-<date>-<time>.tar.gz and returns
-  /// its path; it appears when it is whole. Throws std::runtime_error saying what failed.
+  /// its path; it appears when it is whole. Throws std::runtime_error "<path>: <reason>".
   std::filesystem::path Pack(const std::vector<LogFile>& files);
 
   /// Removes what was produced and not packed.
   void Discard();
 
+  /// Says in outbox/failed.txt why something could not be done, or takes that back. Throws
+  /// std::runtime_error "<path>: <reason>" when it cannot be written.
+  void NoteFailure(const std::string& reason);
+  void ForgetFailure();
+
  private:
   const machine::IdentifierMask& Mask();
-  std::string Hashed(const std::filesystem::path& log);
+  void MakeOutbox() const;
   std::filesystem::path NewArchive() const;
 
   const std::filesystem::path folder;
   const std::filesystem::path outbox;
+  const std::filesystem::path applicationLog;
+  const std::filesystem::path failureNote;
   std::optional<machine::IdentifierMask> mask;  // made when it is needed: asks the machine
 };
 
