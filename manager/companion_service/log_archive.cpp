@@ -38,9 +38,7 @@ LogArchive::LogArchive(fs::path file)
       nullptr));
 }
 
-LogArchive::~LogArchive() {
-  archive_write_fail(packed.get());  // else it would be filled up to its announced size
-}
+LogArchive::~LogArchive() = default;
 
 void LogArchive::Add(const fs::path& name, const fs::path& content) {
   std::error_code error;
