@@ -46,8 +46,9 @@ void CutToMessage(std::vector<LogFile>& files) {
 
 }  // namespace
 
-CompanionService::CompanionService(std::filesystem::path dataFolder)
-    : logs(std::move(dataFolder)), client(protocol::kCompanionModule, false) {
+CompanionService::CompanionService(std::filesystem::path dataFolder,
+                                   const std::atomic<bool>& endAsked)
+    : logs(std::move(dataFolder), endAsked), client(protocol::kCompanionModule, false) {
   client.RegisterMessageCallbackAll([this](const tagIPC_MESSAGE_ITEM& item) { OnMessage(item); });
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <deque>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -50,11 +51,12 @@ std::deque<MaskedLog> LastLines(const std::vector<LogFile>& files) {
 
 }  // namespace
 
-LogFiles::LogFiles(fs::path dataFolder)
+LogFiles::LogFiles(fs::path dataFolder, const std::atomic<bool>& endAsked)
     : folder(std::move(dataFolder)),
       outbox(folder / "outbox"),
       applicationLog(outbox / "application-log.txt"),
-      failureNote(outbox / "failed.txt") {}
+      failureNote(outbox / "failed.txt"),
+      ending(endAsked) {}
 
 std::vector<LogFile> LogFiles::Ready() const {
   std::vector<LogFile> files;
@@ -70,14 +72,8 @@ std::vector<LogFile> LogFiles::Ready() const {
 LogFile LogFiles::ProduceApplicationLog() {
   MakeOutbox();
   OutputFile written(applicationLog);
-  for (MaskedLog& log : LastLines(Ready())) {
-    char last = '\n';
-    log.Read(Mask(), [&](std::string_view piece) {
-      written.Write(piece);
-      last = piece.back();
-    });
-    if (last != '\n') written.Write("\n");
-  }
+  for (MaskedLog& log : LastLines(Ready()))
+    if (WriteMasked(log, written) != '\n') written.Write("\n");
   written.Close();
   written.Keep();
   return {LogModule::Application, applicationLog};
@@ -89,7 +85,8 @@ fs::path LogFiles::Pack(const std::vector<LogFile>& files) {
   for (const LogFile& log : files) {
     if (!HasContent(log.file)) continue;
     OutputFile masked(outbox / ".masked");  // how long it is is told before it is packed
-    MaskedLog(log.file).Read(Mask(), [&](std::string_view piece) { masked.Write(piece); });
+    MaskedLog text(log.file);
+    WriteMasked(text, masked);
     masked.Close();
     packing.Add(log.file.filename(), masked.Path());
   }
@@ -120,6 +117,17 @@ void LogFiles::MakeOutbox() const {
   std::error_code error;
   fs::create_directories(outbox, error);
   if (error) throw FileFailure(outbox, error);
+}
+
+// Returns the last character.
+char LogFiles::WriteMasked(MaskedLog& log, OutputFile& output) {
+  char last = '\n';
+  log.Read(Mask(), [&](std::string_view piece) {
+    if (ending) throw std::runtime_error("the companion service was asked to end");
+    output.Write(piece);
+    last = piece.back();
+  });
+  return last;
 }
 
 const machine::IdentifierMask& LogFiles::Mask() {

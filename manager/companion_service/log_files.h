@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -10,6 +11,9 @@
 
 namespace companion {
 
+class MaskedLog;
+class OutputFile;
+
 struct LogFile {
   protocol::LogModule module;
   std::filesystem::path file;
@@ -18,7 +22,8 @@ struct LogFile {
 /// The logs of one data folder, and the outbox in it. One thread.
 class LogFiles {
  public:
-  explicit LogFiles(std::filesystem::path dataFolder);
+  /// What is being written is given up, as a failure, once the end has been asked for.
+  LogFiles(std::filesystem::path dataFolder, const std::atomic<bool>& endAsked);
 
   /// The files with content that lie ready: those of log/, and the events.
   std::vector<LogFile> Ready() const;
@@ -42,12 +47,14 @@ class LogFiles {
  private:
   const machine::IdentifierMask& Mask();
   void MakeOutbox() const;
+  char WriteMasked(MaskedLog& log, OutputFile& output);
   std::filesystem::path NewArchive() const;
 
   const std::filesystem::path folder;
   const std::filesystem::path outbox;
   const std::filesystem::path applicationLog;
   const std::filesystem::path failureNote;
+  const std::atomic<bool>& ending;
   std::optional<machine::IdentifierMask> mask;  // made when it is needed: asks the machine
 };
 

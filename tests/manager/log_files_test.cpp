@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <stdexcept>
 #include <system_error>
@@ -64,7 +64,8 @@ class LogFilesTest : public testing::Test {
   const TemporaryFolder folder;
   const fs::path data = folder.path / "data";
   const fs::path outbox = data / "outbox";
-  LogFiles logs{data};
+  std::atomic<bool> endAsked = false;
+  LogFiles logs{data, endAsked};
 };
 
 TEST_F(LogFilesTest, TheApplicationLogEndsWithWhatWasWrittenLast) {
@@ -130,6 +131,8 @@ TEST_F(LogFilesTest, AFailureNamesTheFileAndTheReasonOfTheSystem) {
               isToldOf(outbox / "application-log.txt"));
 
   const std::vector<LogFile> files = logs.Ready();
+  endAsked = true;
+  EXPECT_THAT(FailureOf([&] { logs.Pack(files); }), testing::HasSubstr("asked to end"));
   fs::remove_all(outbox);
   WriteText(outbox, "a file");
   EXPECT_THAT(FailureOf([&] { logs.Pack(files); }), StartsWith(common::PathText(outbox) + ": "));

@@ -2,6 +2,7 @@
 #include <signal.h>
 #include <sys/resource.h>
 
+#include <atomic>
 #include <random>
 
 #include "manager/companion_service/log_files.h"
@@ -43,7 +44,8 @@ TEST(FullDisk, IsToldByTheFileAndTheReasonAndLeavesNothing) {
   machine::SetCurrent(machine::ParseMachine("{}", "machine"));
   const TemporaryFolder folder;
   for (const char* name : {"a.log", "b.log"}) WriteText(folder.path / "log" / name, Noise(90000));
-  companion::LogFiles logs(folder.path);
+  const std::atomic<bool> endAsked = false;
+  companion::LogFiles logs(folder.path, endAsked);
   std::string failure;
   {
     const ShortFiles shortFiles;
