@@ -8,7 +8,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "common/text.h"
 #include "manager/companion_service/file_failure.h"
 #include "manager/companion_service/shown_path.h"
 #include "platform/os/clock.h"
@@ -68,7 +67,9 @@ std::string LogArchive::NewName(const fs::path& name) {
 void LogArchive::WriteHeader(const std::string& name, std::uintmax_t size) {
   const std::unique_ptr<archive_entry, void (*)(archive_entry*)> entry(archive_entry_new(),
                                                                        &archive_entry_free);
-  archive_entry_copy_pathname_w(entry.get(), common::Utf8ToWide(name).c_str());
+  // The C library of Windows has no locale that holds every name.
+  if (archive_entry_update_pathname_utf8(entry.get(), name.c_str()) == 0)
+    archive_entry_set_pathname(entry.get(), Escaped(name).c_str());
   archive_entry_set_filetype(entry.get(), AE_IFREG);
   archive_entry_set_perm(entry.get(), kPermissions);
   archive_entry_set_mtime(entry.get(), time, 0);
