@@ -1,6 +1,6 @@
 #include "cli/log_talk.h"
 
-#include <algorithm>
+#include <stdexcept>
 
 #include "common/protocol/message_ids.h"
 #include "sysdiagnose/records/ipc_helper.h"
@@ -11,14 +11,10 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr std::chrono::milliseconds kLook(50);
 constexpr int kLooksPerQuestion = 4;
-
-bool HasApplicationLog(const LogTalk::Items& items) {
-  return std::any_of(items.begin(), items.end(), [](const auto& item) {
-    return item.module == static_cast<std::int32_t>(protocol::LogModule::Application);
-  });
-}
 
 }  // namespace
 
@@ -31,8 +27,9 @@ LogTalk::LogTalk() {
   });
   IPCHelper::Instance().SetLogListSlot([this](const Items& come) {
     const std::lock_guard lock(mutex);
-    items.insert(items.end(), come.begin(), come.end());
-    answered.notify_all();
+    if (!items) items.emplace();
+    items->insert(items->end(), come.begin(), come.end());
+    available.reset();  // what came before answered questions from before
   });
 }
 
@@ -43,7 +40,7 @@ LogTalk::~LogTalk() {
 
 // Asks again and again: the service may only be starting.
 std::optional<bool> LogTalk::AskWhetherThereAreLogs(std::chrono::milliseconds limit) {
-  for (auto left = limit; left.count() > 0 && !Interrupted(); left -= kLooksPerQuestion * kLook) {
+  for (auto left = limit; left.count() > 0 && !IsOver(); left -= kLooksPerQuestion * kLook) {
     Post(protocol::kLogsAvailableRequest, protocol::kLogsAvailableAnswer, false);
     Wait(kLooksPerQuestion * kLook, [this] { return available.has_value(); });
     const std::lock_guard lock(mutex);
@@ -54,10 +51,34 @@ std::optional<bool> LogTalk::AskWhetherThereAreLogs(std::chrono::milliseconds li
 }
 
 LogTalk::Items LogTalk::AskForList(std::chrono::milliseconds limit) {
-  Post(protocol::kLogListRequest, protocol::kLogListAnswer, false);
-  Wait(limit, [this] { return HasApplicationLog(items); });
+  PostAndAskWhenDone(protocol::kLogListRequest, protocol::kLogListAnswer, false);
+  Wait(limit, [this] { return items && available; });
   const std::lock_guard lock(mutex);
-  return items;
+  if (!Interrupted() && !(items && available)) throw Silence();
+  return items.value_or(Items());
+}
+
+void LogTalk::AskToPack() {
+  PostAndAskWhenDone(protocol::kPackRequest, 0, true);
+}
+
+void LogTalk::AskToDiscard() {
+  PostAndAskWhenDone(protocol::kDiscardRequest, 0, true);
+  Wait(1s, [this] { return available.has_value(); });
+}
+
+bool LogTalk::IsDone() {
+  const std::lock_guard lock(mutex);
+  return available.has_value();
+}
+
+bool LogTalk::HasServiceEnded() {
+  return watched != nullptr && watched->EndsWithin(0ms);
+}
+
+std::runtime_error LogTalk::Silence() {
+  return std::runtime_error(HasServiceEnded() ? "the companion service ended unexpectedly"
+                                              : "the companion service does not answer");
 }
 
 void LogTalk::Post(std::uint32_t messageId, std::uint32_t replyId, bool withByte) {
@@ -71,10 +92,20 @@ void LogTalk::Post(std::uint32_t messageId, std::uint32_t replyId, bool withByte
   IPCHelper::Instance().Client().PostIPCMessage(item);
 }
 
+// The service does one thing after the other: it answers the question when the rest is done.
+void LogTalk::PostAndAskWhenDone(std::uint32_t messageId, std::uint32_t replyId, bool withByte) {
+  {
+    const std::lock_guard lock(mutex);
+    available.reset();
+  }
+  Post(messageId, replyId, withByte);
+  Post(protocol::kLogsAvailableRequest, protocol::kLogsAvailableAnswer, false);
+}
+
 template <typename Condition>
 void LogTalk::Wait(std::chrono::milliseconds limit, Condition holds) {
   std::unique_lock lock(mutex);
-  for (auto left = limit; left.count() > 0 && !Interrupted(); left -= kLook)
+  for (auto left = limit; left.count() > 0 && !IsOver(); left -= kLook)
     if (answered.wait_for(lock, kLook, holds)) return;
 }
 

@@ -1,14 +1,18 @@
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <memory>
 #include <optional>
 #include <set>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 #include "cli/commands.h"
 #include "cli/json_line.h"
 #include "cli/log_talk.h"
 #include "cli/terminal_text.h"
+#include "common/file.h"
 #include "common/path_text.h"
 #include "common/text.h"
 #include "platform/message/broker.h"
@@ -24,6 +28,10 @@ namespace {
 
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
+
+constexpr auto kLook = 50ms;
+constexpr std::chrono::milliseconds kLongestIdleness = 20s;
+constexpr std::chrono::milliseconds kLongestListing = 30s;
 
 // This process's way to the companion service: a broker of its own where none runs.
 class Channel {
@@ -60,14 +68,47 @@ std::set<fs::path> Archives() {
   return archives;
 }
 
-// The archive that appears in the outbox; empty when none does in time.
-fs::path NewArchive(const LogTalk& talk, const std::set<fs::path>& before) {
-  for (auto left = 90s / 1ms; left > 0 && !talk.Interrupted(); left -= 50) {
+std::uintmax_t BytesInOutbox() {
+  std::uintmax_t bytes = 0;
+  std::error_code vanished;
+  for (const fs::path& file : os::EntriesOf(os::DataFolder() / "outbox"))
+    if (const auto size = fs::file_size(file, vanished); !vanished) bytes += size;
+  return bytes;
+}
+
+// Why the service could not do what it was asked, in its words.
+std::string FailureTold() {
+  try {
+    std::string reason = common::ReadFile(os::DataFolder() / "outbox/failed.txt", 4096);
+    if (reason.ends_with('\n')) reason.pop_back();
+    return reason;
+  } catch (const std::exception&) {
+    return "the companion service does not say why";
+  }
+}
+
+// The archive that appears in the outbox; empty after an interrupt. Throws std::runtime_error when
+// the service ends, cannot pack, or does nothing any more.
+fs::path NewArchive(LogTalk& talk, const std::set<fs::path>& before) {
+  std::uintmax_t bytes = 0;
+  for (auto idle = 0ms; idle < kLongestIdleness && !talk.Interrupted(); idle += kLook) {
+    const bool ended = talk.HasServiceEnded();  // an archive of before is there by then
+    const bool done = talk.IsDone();
     for (const fs::path& archive : Archives())
       if (!before.contains(archive)) return archive;
-    os::CurrentClock().Sleep(50ms);
+    if (done) throw std::runtime_error("the logs were not packed: " + FailureTold());
+    if (ended) throw std::runtime_error("the companion service ended before the logs were packed");
+    if (bytes != std::exchange(bytes, BytesInOutbox())) idle = 0ms;
+    os::CurrentClock().Sleep(kLook);
   }
-  return {};
+  if (talk.Interrupted()) return {};
+  throw std::runtime_error("the companion service does not go on packing");
+}
+
+bool HasApplicationLog(const LogTalk::Items& items) {
+  return std::any_of(items.begin(), items.end(), [](const auto& item) {
+    return item.module == static_cast<std::int32_t>(protocol::LogModule::Application);
+  });
 }
 
 void Print(const Arguments& arguments, const LogTalk::Items& items) {
@@ -83,10 +124,7 @@ int Upload(const Arguments& arguments, LogTalk& talk) {
   const std::set<fs::path> before = Archives();
   talk.AskToPack();
   const fs::path archive = NewArchive(talk, before);
-  if (archive.empty()) {
-    if (talk.Interrupted()) return kCancelled;
-    throw std::runtime_error("the logs were not packed; see the log in the data folder");
-  }
+  if (archive.empty()) return kCancelled;
   if (arguments.json)
     JsonLine("archive").Add("file", common::PathText(archive));
   else
@@ -94,6 +132,28 @@ int Upload(const Arguments& arguments, LogTalk& talk) {
   if (arguments.showArchive && !os::RevealInFolder(archive))
     throw std::runtime_error(common::PathText(archive) + ": its folder cannot be shown");
   return kAllNormal;
+}
+
+// Whatever comes of the talk, nothing that was made for it stays.
+class Discarding {
+ public:
+  explicit Discarding(LogTalk& logTalk) : talk(logTalk) {}
+  Discarding(const Discarding&) = delete;
+  Discarding& operator=(const Discarding&) = delete;
+  ~Discarding() { talk.AskToDiscard(); }
+
+ private:
+  LogTalk& talk;
+};
+
+int Offer(const Arguments& arguments, LogTalk& talk) {
+  const Discarding discarding(talk);
+  const LogTalk::Items items = talk.AskForList(kLongestListing);
+  Print(arguments, items);
+  if (talk.Interrupted()) return kCancelled;
+  if (!items.empty() && !HasApplicationLog(items))
+    throw std::runtime_error("the application log was not written: " + FailureTold());
+  return arguments.upload ? Upload(arguments, talk) : kAllNormal;
 }
 
 }  // namespace
@@ -106,19 +166,17 @@ int RunLogs(const Arguments& arguments) {
   std::optional<bool> available = talk.AskWhetherThereAreLogs(1s);
   if (!available && !talk.Interrupted()) {
     service = StartService(arguments, socket);
+    talk.Watch(*service);
     available = talk.AskWhetherThereAreLogs(10s);
   }
   if (talk.Interrupted()) return kCancelled;
-  if (!available) throw std::runtime_error("the companion service does not answer");
+  if (!available) throw talk.Silence();
   if (!*available) {
     if (!arguments.json) std::puts("There are no logs to offer.");
     return kAllNormal;
   }
 
-  Print(arguments, talk.AskForList(10s));
-  if (arguments.upload && !talk.Interrupted()) return Upload(arguments, talk);
-  talk.AskToDiscard();
-  return talk.Interrupted() ? kCancelled : kAllNormal;
+  return Offer(arguments, talk);
 }
 
 }  // namespace cli

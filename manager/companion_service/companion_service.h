@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <vector>
@@ -14,7 +15,8 @@ namespace companion {
 /// discard them. docs/messages.md describes the messages. Works on the delivery thread.
 class CompanionService {
  public:
-  explicit CompanionService(std::filesystem::path dataFolder);
+  /// Gives up what it is packing once the end has been asked for.
+  CompanionService(std::filesystem::path dataFolder, const std::atomic<bool>& endAsked);
 
  private:
   void OnMessage(const tagIPC_MESSAGE_ITEM& request);

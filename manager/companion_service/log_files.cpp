@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <cstdio>
 #include <deque>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <utility>
 
-#include "common/path_text.h"
+#include "manager/companion_service/file_failure.h"
 #include "manager/companion_service/log_archive.h"
+#include "manager/companion_service/masked_log.h"
+#include "manager/companion_service/output_file.h"
 #include "platform/machine/current.h"
 #include "platform/os/append_file.h"
 #include "platform/os/clock.h"
@@ -30,15 +31,34 @@ bool HasContent(const fs::path& file) {
          !error;
 }
 
-void CloseWhole(std::ofstream& written, const fs::path& file) {
-  written.close();
-  if (!written) throw std::runtime_error(common::PathText(file) + ": the file cannot be written");
+fs::file_time_type LastChange(const fs::path& file) {
+  std::error_code ignored;
+  return fs::last_write_time(file, ignored);
+}
+
+// The programs' logs that hold the last lines, in the order of their last changes; the first one
+// stands where those lines begin.
+std::deque<MaskedLog> LastLines(const std::vector<LogFile>& files) {
+  std::vector<std::pair<fs::file_time_type, fs::path>> logs;
+  for (const LogFile& log : files)
+    if (log.module == LogModule::Programs) logs.emplace_back(LastChange(log.file), log.file);
+  std::sort(logs.rbegin(), logs.rend());
+
+  std::deque<MaskedLog> last;
+  std::size_t missing = kApplicationLogLines;
+  for (auto log = logs.begin(); log != logs.end() && missing > 0; ++log)
+    missing = last.emplace_front(log->second).GoToLastLines(missing);
+  return last;
 }
 
 }  // namespace
 
-LogFiles::LogFiles(fs::path dataFolder)
-    : folder(std::move(dataFolder)), outbox(folder / "outbox") {}
+LogFiles::LogFiles(fs::path dataFolder, const std::atomic<bool>& endAsked)
+    : folder(std::move(dataFolder)),
+      outbox(folder / "outbox"),
+      applicationLog(outbox / "application-log.txt"),
+      failureNote(outbox / "failed.txt"),
+      ending(endAsked) {}
 
 std::vector<LogFile> LogFiles::Ready() const {
   std::vector<LogFile> files;
@@ -53,58 +73,63 @@ std::vector<LogFile> LogFiles::Ready() const {
 }
 
 LogFile LogFiles::ProduceApplicationLog() {
-  std::deque<std::string> last;
-  for (const LogFile& log : Ready()) {
-    if (log.module != LogModule::Programs) continue;
-    std::ifstream lines(log.file);
-    for (std::string line; std::getline(lines, line);) {
-      last.push_back(std::move(line));
-      if (last.size() > kApplicationLogLines) last.pop_front();
-    }
-  }
   os::MakeOwnFolder(outbox);
-  const fs::path file = outbox / "application-log.txt";
-  std::ofstream written(file, std::ios::trunc);
-  for (const std::string& line : last) written << Mask().Apply(line) << '\n';
-  CloseWhole(written, file);
-  return {LogModule::Application, file};
+  OutputFile written(applicationLog);
+  for (MaskedLog& log : LastLines(Ready()))
+    if (WriteMasked(log, written) != '\n') written.Write("\n");
+  written.Close();
+  written.Keep();
+  return {LogModule::Application, applicationLog};
 }
 
 fs::path LogFiles::Pack(const std::vector<LogFile>& files) {
   os::MakeOwnFolder(outbox);
-  const fs::path made = outbox / ".packing";
-  try {
-    LogArchive packing(made);
-    for (const LogFile& log : files)
-      if (HasContent(log.file))
-        packing.Add("logs/" + common::PathText(log.file.filename()), Hashed(log.file));
-    packing.Finish();
-  } catch (...) {
-    std::error_code ignored;
-    fs::remove(made, ignored);
-    throw;
+  LogArchive packing(outbox / ".packing");
+  for (const LogFile& log : files) {
+    if (!HasContent(log.file)) continue;
+    OutputFile masked(outbox / ".masked");  // how long it is is told before it is packed
+    MaskedLog text(log.file);
+    WriteMasked(text, masked);
+    masked.Close();
+    packing.Add(log.file.filename(), masked.Path());
   }
   fs::path archive = NewArchive();
-  fs::rename(made, archive);
+  packing.FinishAs(archive);
   return archive;
 }
 
 void LogFiles::Discard() {
   std::error_code ignored;
-  fs::remove(outbox / "application-log.txt", ignored);
+  fs::remove(applicationLog, ignored);
+}
+
+void LogFiles::NoteFailure(const std::string& reason) {
+  os::MakeOwnFolder(outbox);
+  OutputFile note(failureNote);
+  note.Write(reason + "\n");
+  note.Close();
+  note.Keep();
+}
+
+void LogFiles::ForgetFailure() {
+  std::error_code ignored;
+  fs::remove(failureNote, ignored);
+}
+
+// Returns the last character.
+char LogFiles::WriteMasked(MaskedLog& log, OutputFile& output) {
+  char last = '\n';
+  log.Read(Mask(), [&](std::string_view piece) {
+    if (ending) throw std::runtime_error("the companion service was asked to end");
+    output.Write(piece);
+    last = piece.back();
+  });
+  return last;
 }
 
 const machine::IdentifierMask& LogFiles::Mask() {
   if (!mask) mask.emplace(machine::Current().Info());
   return *mask;
-}
-
-std::string LogFiles::Hashed(const fs::path& log) {
-  std::ifstream lines(log);
-  if (!lines) throw std::runtime_error(common::PathText(log) + ": the file cannot be read");
-  std::string hashed;
-  for (std::string line; std::getline(lines, line);) hashed += Mask().Apply(line) + '\n';
-  return hashed;
 }
 
 fs::path LogFiles::NewArchive() const {

@@ -22,7 +22,7 @@ void Serve(const companion::Arguments& arguments, const std::atomic<bool>& endAs
   message::ConnectToBroker(arguments.socket.empty() ? message::DefaultBrokerSocket()
                                                     : arguments.socket);
   {
-    const companion::CompanionService service(os::DataFolder());
+    const companion::CompanionService service(os::DataFolder(), endAsked);
     std::chrono::nanoseconds lost = 0s;
     while (!endAsked && lost < kLongestLoss) {
       os::CurrentClock().Sleep(kLook);

@@ -2,11 +2,13 @@
 
 #include <memory>
 
+#include "platform/os/export.h"
+
 namespace os {
 
 /// While it lives, libraries that convert file names by the calling thread's locale convert them to
 /// UTF-8, whatever the environment says. Create and destroy it on one thread.
-class Utf8Locale {
+class UTIL_API Utf8Locale {
  public:
   Utf8Locale();
   Utf8Locale(const Utf8Locale&) = delete;

@@ -1,7 +1,6 @@
-#include <archive.h>
 #include <gmock/gmock.h>
 
-#include <array>
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <random>
@@ -14,15 +13,20 @@
 #include "platform/os/child_process.h"
 #include "platform/os/folder_entries.h"
 #include "tests/cli/program.h"
+#include "tests/manager/packed_logs.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
+using testing::AnyOf;
+using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::Pair;
+using testing::SizeIs;
 
 constexpr std::uint32_t kService = 0x3B0000;
 
@@ -93,24 +97,6 @@ std::string LogLine(int module, const fs::path& file) {
          "\"}\n";
 }
 
-// What the files in the archive hold, one after another.
-std::string Unpacked(const fs::path& file) {
-  const std::string packed = ReadText(file);
-  const std::unique_ptr<archive, int (*)(archive*)> reading(archive_read_new(), &archive_read_free);
-  archive_read_support_filter_gzip(reading.get());
-  archive_read_support_format_tar(reading.get());
-  archive_read_open_memory(reading.get(), packed.data(), packed.size());
-  std::string text;
-  archive_entry* entry = nullptr;
-  while (archive_read_next_header(reading.get(), &entry) == ARCHIVE_OK) {
-    std::array<char, 4096> chunk;
-    la_ssize_t length = 0;
-    while ((length = archive_read_data(reading.get(), chunk.data(), chunk.size())) > 0)
-      text.append(chunk.data(), static_cast<std::size_t>(length));
-  }
-  return text;
-}
-
 TEST_F(CompanionServiceTest, OffersTheLogsToTheTerminalProgramAndPacksThemWithoutIdentifiers) {
   WriteLogs();
   const Outcome packed = Logs({"--upload"});
@@ -122,7 +108,8 @@ TEST_F(CompanionServiceTest, OffersTheLogsToTheTerminalProgramAndPacksThemWithou
                                "\"}\n");
 
   EXPECT_LT(fs::file_size(Outbox().front()), 4096u) << "packed, and nothing behind it";
-  const std::string unpacked = Unpacked(Outbox().front());
+  std::string unpacked;
+  for (const auto& [name, text] : Unpacked(Outbox().front())) unpacked += text;
   EXPECT_THAT(unpacked, HasSubstr("620000022"));
   for (const char* identifier : {"SN-47110815", "02-42-ac-11-00-02", "0242AC110002"})
     EXPECT_THAT(unpacked, Not(HasSubstr(identifier)));
@@ -139,6 +126,52 @@ TEST_F(CompanionServiceTest, DiscardsWhatIsNotUploadedAndOffersNothingWhenThereI
   EXPECT_EQ(listed.exitStatus, 0) << listed.errors;
   EXPECT_THAT(listed.output, HasSubstr("application-log.txt"));
   EXPECT_THAT(Outbox(), IsEmpty());
+}
+
+TEST_F(CompanionServiceTest, PacksALogWhateverItsName) {
+  const std::string word =
+      "gr\xC3\xB6\xC3\x9F"
+      "e";
+  WriteText(data / common::TextPath("log/" + word + ".log"), "a line\n");
+  WriteText(data / common::TextPath("log/\xF0\x9F\x98\x80.log"), "another\n");
+  const Outcome packed = Logs({"--upload"});
+  EXPECT_EQ(packed.exitStatus, 0) << packed.errors;
+  ASSERT_THAT(Outbox(), SizeIs(1));
+  const auto texts = Unpacked(Outbox().front());
+  EXPECT_THAT(texts, Contains(Pair("logs/" + word + ".log", "a line\n")));
+  EXPECT_THAT(texts, Contains(Pair(AnyOf("logs/\xF0\x9F\x98\x80.log", "logs/%F0%9F%98%80.log"),
+                                   "another\n")));
+}
+
+TEST_F(CompanionServiceTest, SaysWhyTheLogsWereNotPacked) {
+  WriteLogs();
+  fs::create_directories(data / "outbox/.packing/in the way");
+  const Outcome packed = Logs({"--upload"});
+  EXPECT_EQ(packed.exitStatus, 2);
+  EXPECT_THAT(
+      packed.errors,
+      HasSubstr("the logs were not packed: " + common::PathText(data / "outbox/.packing") + ": "));
+  EXPECT_THAT(Outbox(), SizeIs(1)) << "what is in the way, and nothing of the service's";
+
+  fs::rename(data / "outbox", data / "elsewhere");
+  fs::create_directories(data / "outbox/application-log.txt/in the way");
+  const Outcome listed = Logs();
+  EXPECT_EQ(listed.exitStatus, 2);
+  EXPECT_THAT(listed.output, HasSubstr("old.log"));
+  EXPECT_THAT(listed.errors, HasSubstr("the application log was not written: "));
+}
+
+TEST_F(CompanionServiceTest, CutsAListThatIsLongerThanAMessage) {
+  const std::string name(200, 'n');
+  for (int i = 0; i < 2600; ++i) WriteText(data / "log" / (name + std::to_string(i)), "a line\n");
+  const Outcome listed = Logs();
+  EXPECT_EQ(listed.exitStatus, 0) << listed.errors;
+  EXPECT_THAT(listed.output, HasSubstr("application-log.txt"));
+  const auto lines = std::count(listed.output.begin(), listed.output.end(), '\n');
+  EXPECT_GT(lines, 1000);
+  EXPECT_LT(lines, 2600);
+  EXPECT_THAT(ReadText(data / "log/sysdiagnose.log"),
+              HasSubstr("the list of logs is cut to the first " + std::to_string(lines - 1)));
 }
 
 // The terminal programs come and go; the service stays, also when the broker is killed.
@@ -183,7 +216,8 @@ TEST_F(CompanionServiceTest, MayBeKilledAtAnyMomentAndStartedAgain) {
   const Outcome after = Logs({"--upload"});
   EXPECT_EQ(after.exitStatus, 0) << after.errors;
   EXPECT_THAT(after.output, HasSubstr(".tar.gz"));
-  EXPECT_FALSE(fs::exists(data / "outbox/.packing"));
+  for (const char* left : {".packing", ".masked"})
+    EXPECT_FALSE(fs::exists(data / "outbox" / left)) << left;
 }
 
 TEST_F(CompanionServiceTest, ServesOnWhenTheTerminalProgramIsKilledAtAnyMoment) {
