@@ -4,7 +4,7 @@
 # These folders make up the utility library. Among themselves they are linked as they are, everyone
 # else links the shared library.
 set(UTIL_FOLDERS
-    platform/os platform/concurrency platform/util platform/report platform/message
+    platform/concurrency platform/util platform/report platform/message
     platform/machine/interface platform/machine/workloads platform/machine/live
     platform/machine/masking platform/machine/machine_files platform/machine
     platform/hardware_sdk platform/hardware_detect)

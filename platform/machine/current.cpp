@@ -3,6 +3,7 @@
 #include <atomic>
 
 #include "platform/machine/live/live_machine.h"
+#include "platform/os/paths.h"
 
 namespace machine {
 namespace {
@@ -25,6 +26,7 @@ bool IsLive() {
 }
 
 void SetCurrent(std::unique_ptr<Machine> machine) {
+  os::SetMachineDescribed(machine != nullptr);
   delete Chosen().exchange(machine.release());
 }
 

@@ -3,7 +3,9 @@
 #include <exception>
 #include <locale>
 #include <mutex>
+#include <optional>
 #include <sstream>
+#include <utility>
 
 #include "common/log.h"
 #include "platform/message/capture_line.h"
@@ -14,7 +16,7 @@ namespace {
 
 struct Capture {
   std::mutex mutex;
-  std::filesystem::path file;  // empty while nothing is captured
+  std::optional<os::LineFile> file;  // none: nothing is captured
 };
 
 Capture& TheCapture() {
@@ -49,18 +51,18 @@ std::string HexNumber(std::uint32_t number) {
 }
 
 void StartCapture(const std::filesystem::path& file) {
-  os::PrepareAppending(file);
+  os::LineFile opened(file);
   Capture& capture = TheCapture();
   const std::lock_guard lock(capture.mutex);
-  capture.file = file;
+  capture.file = std::move(opened);
 }
 
 void CaptureMessage(const tagIPC_MESSAGE_ITEM& item, const std::vector<std::uint8_t>& body) {
   Capture& capture = TheCapture();
   const std::lock_guard lock(capture.mutex);
-  if (capture.file.empty()) return;
+  if (!capture.file) return;
   try {
-    os::AppendLine(capture.file, CaptureLine(item, body));
+    capture.file->Append(CaptureLine(item, body));
   } catch (const std::exception& error) {
     COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.message"),
                      "message " + HexNumber(item.messageId) + " is not captured: " + error.what());

@@ -1,6 +1,7 @@
 #include "platform/os/append_file.h"
 
 #include <string>
+#include <utility>
 
 #include "platform/os/appended_file.h"
 
@@ -12,22 +13,6 @@ namespace fs = std::filesystem;
 // Others may put the file away each time that it has been opened; a file system may tell wrongly.
 constexpr int kMostAttempts = 100;
 
-// False when another file is to be opened in place of this one. A full one that cannot be put away
-// grows: better than a line lost.
-bool TryToAppend(const fs::path& file, std::string_view bytes, bool isLastAttempt) {
-  AppendedFile appended(file);
-  appended.Lock();
-  if (!appended.IsInPlace() && !isLastAttempt) return false;
-  const std::uintmax_t size = appended.Size();
-  if (!isLastAttempt && size > 0 && size + bytes.size() > kFullFile) {
-    std::error_code error;
-    fs::rename(file, EarlierFile(file), error);
-    if (!error) return false;
-  }
-  appended.Write(bytes);
-  return true;
-}
-
 }  // namespace
 
 fs::path EarlierFile(const fs::path& file) {
@@ -37,13 +22,35 @@ fs::path EarlierFile(const fs::path& file) {
   return file.parent_path() / name;
 }
 
-void AppendLine(const fs::path& file, std::string_view line) {
+LineFile::LineFile(fs::path file)
+    : path(std::move(file)), opened(std::make_unique<AppendedFile>(path)) {}
+LineFile::LineFile(LineFile&&) noexcept = default;
+LineFile& LineFile::operator=(LineFile&&) noexcept = default;
+LineFile::~LineFile() = default;
+
+void LineFile::Append(std::string_view line) {
   const std::string bytes = std::string(line) + '\n';
-  for (int attempt = 1; !TryToAppend(file, bytes, attempt == kMostAttempts);) ++attempt;
+  for (int attempt = 1; !TryToAppend(bytes, attempt == kMostAttempts); ++attempt)
+    opened = std::make_unique<AppendedFile>(path);
 }
 
-void PrepareAppending(const fs::path& file) {
-  const AppendedFile appended(file);
+// False when the file is to be opened anew: somebody has put it away. A full one that cannot be put
+// away grows: better than a line lost.
+bool LineFile::TryToAppend(std::string_view bytes, bool isLastAttempt) {
+  const AppendedFile::Turn turn(*opened);
+  if (!opened->IsInPlace() && !isLastAttempt) return false;
+  const std::uintmax_t size = opened->Size();
+  if (!isLastAttempt && size > 0 && size + bytes.size() > kFullFile) {
+    std::error_code error;
+    fs::rename(path, EarlierFile(path), error);
+    if (!error) return false;
+  }
+  opened->Write(bytes);
+  return true;
+}
+
+void AppendLine(const fs::path& file, std::string_view line) {
+  LineFile(file).Append(line);
 }
 
 }  // namespace os

@@ -18,19 +18,30 @@ class AppendedFile {
   AppendedFile& operator=(const AppendedFile&) = delete;
   ~AppendedFile();
 
-  /// Keeps others from appending until the file is closed. A file system without locks does
-  /// without.
-  void Lock();
+  /// Keeps others from appending while it lives. A file system without locks does without.
+  class Turn {
+   public:
+    explicit Turn(AppendedFile& appended) : file(appended) { file.Lock(); }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    ~Turn() { file.Unlock(); }
+
+   private:
+    AppendedFile& file;
+  };
 
   /// Whether the file still has the name that it was opened by.
   bool IsInPlace() const;
 
   std::uintmax_t Size() const;
 
-  /// All of the bytes or, as far as the file is locked, none of them.
+  /// All of the bytes or, in a turn, none of them.
   void Write(std::string_view bytes);
 
  private:
+  void Lock();
+  void Unlock();
+
   struct System;
 
   const std::filesystem::path path;

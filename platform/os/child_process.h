@@ -5,13 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/os/export.h"
-
 namespace os {
 
 /// A program that runs beside this one, without input and output and out of reach of the terminal's
 /// interrupt. One thread at a time.
-class UTIL_API ChildProcess {
+class ChildProcess {
  public:
   /// Starts a program found in the search path with this argument vector (no shell). Throws
   /// std::runtime_error naming a program that cannot be started.

@@ -1,9 +1,9 @@
 #include "platform/os/clock.h"
 
-#include <atomic>
 #include <ctime>
 
 #include "platform/os/local_time.h"
+#include "platform/os/process_state.h"
 
 namespace os {
 namespace {
@@ -20,8 +20,6 @@ class SystemClock final : public Clock {
   }
 };
 
-std::atomic<Clock*> replacement = nullptr;
-
 }  // namespace
 
 void Clock::Sleep(std::chrono::nanoseconds time) {
@@ -32,12 +30,12 @@ void Clock::Sleep(std::chrono::nanoseconds time) {
 
 Clock& CurrentClock() {
   static SystemClock& system = *new SystemClock;
-  Clock* const set = replacement;
+  Clock* const set = State().clock;
   return set == nullptr ? system : *set;
 }
 
 void SetClock(Clock* clock) {
-  replacement = clock;
+  State().clock = clock;
 }
 
 }  // namespace os

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstdint>
 
-#include "platform/os/export.h"
 #include "platform/os/wakeup.h"
 
 // Time, behind one replaceable clock: tests need not wait, and a program may step through time.
@@ -23,7 +22,7 @@ struct LocalTime {
 ///
 /// A clock that stands still until it is moved wakes, when it is moved, what waits for a time that
 /// has come; WaitUntilWorkersRest tells when all that follows has been done.
-class UTIL_API Clock {
+class Clock {
  public:
   virtual ~Clock() = default;
 
@@ -41,10 +40,10 @@ class UTIL_API Clock {
 };
 
 /// The clock in force; the system's own unless one was set.
-UTIL_API Clock& CurrentClock();
+Clock& CurrentClock();
 
 /// Puts a clock in force, null for the system's own. The caller owns it and sets it back; it lives
 /// until nothing waits in it any more and every timer started under it has been stopped.
-UTIL_API void SetClock(Clock* clock);
+void SetClock(Clock* clock);
 
 }  // namespace os

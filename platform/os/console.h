@@ -2,22 +2,20 @@
 
 #include <cstddef>
 
-#include "platform/os/export.h"
-
 // The terminal that a program's standard streams may be. For a program's main thread.
 namespace os {
 
 /// Output goes out byte by byte as it is written, and a terminal shows it as UTF-8. For the start
 /// of a program, before it writes.
-UTIL_API void PrepareOutput();
+void PrepareOutput();
 
 /// Whether standard output is a terminal that a person watches and that knows escape sequences.
-UTIL_API bool OutputIsTerminal();
+bool OutputIsTerminal();
 
 /// Columns of the terminal that standard output is; 0 when nobody knows.
-UTIL_API std::size_t OutputColumns();
+std::size_t OutputColumns();
 
 /// Whether standard input is a terminal, where a person can answer.
-UTIL_API bool InputIsTerminal();
+bool InputIsTerminal();
 
 }  // namespace os

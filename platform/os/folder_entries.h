@@ -3,12 +3,10 @@
 #include <filesystem>
 #include <vector>
 
-#include "platform/os/export.h"
-
 namespace os {
 
 /// What lies in a folder, with the folder's own path before each name, in no order; nothing when it
 /// cannot be read. However long the path is. Any thread.
-UTIL_API std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder);
+std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder);
 
 }  // namespace os

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "platform/os/export.h"
-
 namespace os {
 
 /// From now on the first interrupt (Ctrl-C, or the system's request to end) calls `handler`, which
 /// may only touch lock-free atomics; the second ends the program at once with `exitStatus`. For a
 /// program's main.
-UTIL_API void OnInterrupt(void (*handler)(), int exitStatus);
+void OnInterrupt(void (*handler)(), int exitStatus);
 
 }  // namespace os

@@ -3,8 +3,6 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/os/export.h"
-
 // Loaded modules (shared libraries and the program itself).
 //
 // Libraries are named as on Windows, by file name without a folder; on Linux "Name.dll" stands for
@@ -15,22 +13,22 @@ namespace os {
 using ModuleHandle = void*;
 
 /// The handle of an already loaded library, or null. Does not keep it loaded.
-UTIL_API ModuleHandle FindLoadedModule(const char* name);
+ModuleHandle FindLoadedModule(const char* name);
 
 /// Loads a library that lies beside the platform libraries, or the one at an absolute path; null
 /// when it cannot be loaded. Each success is to be balanced by ReleaseModule.
-UTIL_API ModuleHandle LoadModule(const std::filesystem::path& name);
+ModuleHandle LoadModule(const std::filesystem::path& name);
 
 /// Gives back one LoadModule. Null is ignored.
-UTIL_API void ReleaseModule(ModuleHandle module);
+void ReleaseModule(ModuleHandle module);
 
 /// The exported procedure of that name, or null. A null module has no procedures.
-UTIL_API void* FindProcedure(ModuleHandle module, const char* name);
+void* FindProcedure(ModuleHandle module, const char* name);
 
 /// The handle of the module that holds this address. Does not keep it loaded.
-UTIL_API ModuleHandle ModuleOfAddress(const void* address);
+ModuleHandle ModuleOfAddress(const void* address);
 
 /// The file of the module that holds this address; empty for the running program.
-UTIL_API std::string ModuleFileOfAddress(const void* address);
+std::string ModuleFileOfAddress(const void* address);
 
 }  // namespace os

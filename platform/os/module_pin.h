@@ -3,7 +3,6 @@
 #include <string>
 #include <utility>
 
-#include "platform/os/export.h"
 #include "platform/os/module.h"
 
 namespace os {
@@ -12,7 +11,7 @@ namespace os {
 ///
 /// Destroy every object of the pinned module before its pin: giving up the last pin may unload the
 /// module, on the thread that gives it up. The running program needs no pin and gets an empty one.
-class UTIL_API ModulePin {
+class ModulePin {
  public:
   ModulePin() = default;
   ModulePin(ModulePin&& other) noexcept : module(std::exchange(other.module, nullptr)) {}

@@ -6,6 +6,7 @@
 #include "common/path_text.h"
 #include "platform/os/module.h"
 #include "platform/os/own_folder.h"
+#include "platform/os/process_state.h"
 #include "platform/os/system_paths.h"
 
 namespace os {
@@ -16,26 +17,14 @@ namespace fs = std::filesystem;
 // The readers take a path into a buffer of this many characters, its end included.
 constexpr std::size_t kPathBuffer = 260;
 
-struct Folders {
-  fs::path configuration;
-  fs::path data;
-  fs::path systemRoot;
-};
-
-Folders& Set() {
-  static Folders& folders = *new Folders;
-  return folders;
-}
-
 // The file of the utility library; that of the program when the library is linked into it.
 fs::path LibraryFile() {
-  const std::string file =
-      ModuleFileOfAddress(reinterpret_cast<const void*>(&os::InstallationFolder));
+  const std::string file = ModuleFileOfAddress(State().home);
   return file.empty() ? ExecutableFile() : fs::absolute(common::TextPath(file));
 }
 
 fs::path ConfigurationRoot(const fs::path& module) {
-  if (!Set().configuration.empty()) return Set().configuration;
+  if (!State().configuration.empty()) return State().configuration;
   return module.native().size() < kPathBuffer ? module.parent_path() : fs::path();
 }
 
@@ -58,11 +47,11 @@ fs::path LibraryConfigurationRoot() {
 }
 
 void SetConfigurationRoot(fs::path folder) {
-  Set().configuration = std::move(folder);
+  State().configuration = std::move(folder);
 }
 
 fs::path DataFolder() {
-  const fs::path& set = Set().data;
+  const fs::path& set = State().data;
   const fs::path folder = set.empty() ? UserDataFolder() : set;
   if (folder.empty())
     throw std::runtime_error(
@@ -72,23 +61,28 @@ fs::path DataFolder() {
 }
 
 void SetDataFolder(fs::path folder) {
-  Set().data = std::move(folder);
+  State().data = std::move(folder);
 }
 
 fs::path SystemPath(const fs::path& absolute) {
-  const fs::path root = IsSystemRootSet() ? Set().systemRoot : SystemRoot();
+  const fs::path root = IsSystemRootSet() ? State().systemRoot : SystemRoot();
   return root / absolute.relative_path();
 }
 
 void SetSystemRoot(fs::path folder) {
-  Set().systemRoot = std::move(folder);
+  State().systemRoot = std::move(folder);
 }
 
 bool IsSystemRootSet() {
-  return !Set().systemRoot.empty();
+  return !State().systemRoot.empty();
+}
+
+void SetMachineDescribed(bool isDescribed) {
+  State().isMachineDescribed = isDescribed;
 }
 
 fs::path OemVersionFile() {
+  if (State().isMachineDescribed && !IsSystemRootSet()) return {};
   return SystemPath("/recovery/OEM/version.txt").make_preferred();
 }
 

@@ -5,8 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/os/export.h"
-
 namespace os {
 
 struct ProcessResult {
@@ -17,7 +15,7 @@ struct ProcessResult {
 /// Runs a program found in the search path with this argument vector (no shell), without input, its
 /// error output discarded, and waits for its end. Nothing when it cannot be started, is ended by a
 /// signal, prints more than the limit or outlives `limit`; it is then killed. Any thread.
-UTIL_API std::optional<ProcessResult> RunProcess(const std::vector<std::string>& arguments,
-                                                 std::chrono::milliseconds limit);
+std::optional<ProcessResult> RunProcess(const std::vector<std::string>& arguments,
+                                        std::chrono::milliseconds limit);
 
 }  // namespace os

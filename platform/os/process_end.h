@@ -1,15 +1,13 @@
 #pragma once
 
-#include "platform/os/export.h"
-
 namespace os {
 
 /// Ends the process at once: nothing is flushed, no destructor runs. Any thread.
-[[noreturn]] UTIL_API void EndProcess(int exitStatus);
+[[noreturn]] void EndProcess(int exitStatus);
 
 /// Whether the process is being taken down and this is its last thread. The others were ended
 /// wherever they were, so a lock may never come free: whoever runs now must not take one. Always
 /// false on a system where the other threads live on.
-UTIL_API bool IsLastThreadOfEndingProcess();
+bool IsLastThreadOfEndingProcess();
 
 }  // namespace os

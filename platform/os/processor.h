@@ -3,8 +3,6 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/os/export.h"
-
 // The processor as the operating system counts it. Any thread.
 namespace os {
 
@@ -16,15 +14,15 @@ struct SystemTimes {
 };
 
 /// All zero when the system does not tell.
-UTIL_API SystemTimes GetSystemTimes();
+SystemTimes GetSystemTimes();
 
 /// Number of logical processors.
-UTIL_API std::uint32_t ProcessorCount();
+std::uint32_t ProcessorCount();
 
 /// Current clock of the first processor in megahertz, 0 when unknown.
-UTIL_API std::uint32_t CurrentClockMhz();
+std::uint32_t CurrentClockMhz();
 
 /// The registers EAX, EBX, ECX, EDX after CPUID; zeros for a leaf the processor does not have.
-UTIL_API std::array<std::uint32_t, 4> Cpuid(std::uint32_t leaf, std::uint32_t subleaf = 0);
+std::array<std::uint32_t, 4> Cpuid(std::uint32_t leaf, std::uint32_t subleaf = 0);
 
 }  // namespace os

@@ -3,13 +3,11 @@
 #include <filesystem>
 #include <string_view>
 
-#include "platform/os/export.h"
-
 namespace os {
 
 /// Writes a file whole or not at all: into a new one beside it, which then takes its place. A link
 /// is followed unless it is another user's. Throws std::runtime_error "<path>: <reason>". Any
 /// thread.
-UTIL_API void ReplaceFile(const std::filesystem::path& file, std::string_view content);
+void ReplaceFile(const std::filesystem::path& file, std::string_view content);
 
 }  // namespace os

@@ -2,12 +2,10 @@
 
 #include <filesystem>
 
-#include "platform/os/export.h"
-
 namespace os {
 
 /// Opens the folder of a file in the user's file manager, the file selected where that can be.
 /// False when nothing was opened. May take a second; any thread.
-UTIL_API bool RevealInFolder(const std::filesystem::path& file);
+bool RevealInFolder(const std::filesystem::path& file);
 
 }  // namespace os

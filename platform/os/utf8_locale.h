@@ -2,13 +2,11 @@
 
 #include <memory>
 
-#include "platform/os/export.h"
-
 namespace os {
 
 /// While it lives, libraries that convert file names by the calling thread's locale convert them to
 /// UTF-8, whatever the environment says. Create and destroy it on one thread.
-class UTIL_API Utf8Locale {
+class Utf8Locale {
  public:
   Utf8Locale();
   Utf8Locale(const Utf8Locale&) = delete;

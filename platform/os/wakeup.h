@@ -4,14 +4,12 @@
 #include <condition_variable>
 #include <mutex>
 
-#include "platform/os/export.h"
-
 namespace os {
 
 /// Ends one thread's wait. One thread waits for it at a time: where several wait on one condition
 /// variable, the C library of Linux can lose a wake-up for one of them (its bug 25847, mended in
 /// 2.41).
-class UTIL_API Wakeup {
+class Wakeup {
  public:
   Wakeup() = default;
   Wakeup(const Wakeup&) = delete;

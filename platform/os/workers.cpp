@@ -1,39 +1,24 @@
 #include "platform/os/workers.h"
 
-#include <condition_variable>
 #include <mutex>
 #include <thread>
 #include <utility>
 
+#include "platform/os/process_state.h"
+
 namespace os {
 namespace {
 
-class Working {
- public:
-  void Add() {
-    const std::lock_guard lock(mutex);
-    ++count;
-  }
+void Add() {
+  ProcessState& state = State();
+  const std::lock_guard lock(state.workersMutex);
+  ++state.working;
+}
 
-  void Remove() {
-    const std::lock_guard lock(mutex);
-    if (--count == 0) none.notify_all();
-  }
-
-  void WaitForNone() {
-    std::unique_lock lock(mutex);
-    none.wait(lock, [this] { return count == 0; });
-  }
-
- private:
-  std::mutex mutex;
-  std::condition_variable none;
-  std::size_t count = 0;
-};
-
-Working& TheWorking() {
-  static Working& working = *new Working;
-  return working;
+void Remove() {
+  ProcessState& state = State();
+  const std::lock_guard lock(state.workersMutex);
+  if (--state.working == 0) state.noneWorks.notify_all();
 }
 
 thread_local bool isWorker = false;
@@ -41,30 +26,37 @@ thread_local bool isWorker = false;
 }  // namespace
 
 void StartWorker(std::function<void()> body) {
-  TheWorking().Add();
+  Add();
   try {
     std::thread([body = std::move(body)] {
       isWorker = true;
       body();
-      TheWorking().Remove();
+      Remove();
     }).detach();
   } catch (...) {
-    TheWorking().Remove();
+    Remove();
     throw;
   }
 }
 
 void WaitUntilWorkersRest() {
-  TheWorking().WaitForNone();
+  ProcessState& state = State();
+  std::unique_lock lock(state.workersMutex);
+  state.noneWorks.wait(lock, [&state] { return state.working == 0; });
 }
 
-bool detail::WorkerRests() {
-  if (isWorker) TheWorking().Remove();
+bool detail::IsWorkerOfThisModule() {
   return isWorker;
 }
 
+bool detail::WorkerRests() {
+  if (!State().isWorker()) return false;
+  Remove();
+  return true;
+}
+
 void detail::WorkerGoesOn() {
-  TheWorking().Add();
+  Add();
 }
 
 }  // namespace os

@@ -17,11 +17,10 @@ namespace {
 
 constexpr auto kPattern = LOG4CXX_STR("%d{yyyy-MM-dd HH:mm:ss,SSS} %-5p %c %F:%L %m");
 
-// Opens the file anew for each line: several programs write to it, and any of them may put a full
-// one away. Calls come one at a time.
+// Calls come one at a time.
 class LineAppender : public log4cxx::AppenderSkeleton {
  public:
-  explicit LineAppender(std::filesystem::path written) : file(std::move(written)) {}
+  explicit LineAppender(os::LineFile written) : file(std::move(written)) {}
 
   void close() override {}
   bool requiresLayout() const override { return false; }  // it has its own
@@ -34,7 +33,7 @@ class LineAppender : public log4cxx::AppenderSkeleton {
     std::string line;
     log4cxx::helpers::Transcoder::encodeUTF8(text, line);
     try {
-      os::AppendLine(file, line);
+      file.Append(line);
       failing = false;
     } catch (const std::exception&) {
       if (!std::exchange(failing, true)) throw;
@@ -42,7 +41,7 @@ class LineAppender : public log4cxx::AppenderSkeleton {
   }
 
  private:
-  const std::filesystem::path file;
+  os::LineFile file;
   const log4cxx::PatternLayout layout{kPattern};
   bool failing = false;
 };
@@ -50,12 +49,11 @@ class LineAppender : public log4cxx::AppenderSkeleton {
 }  // namespace
 
 void StartLogFile(const std::filesystem::path& folder) {
-  const std::filesystem::path file = folder / "sysdiagnose.log";
   os::MakeOwnFolder(folder);
-  os::PrepareAppending(file);
+  os::LineFile file(folder / "sysdiagnose.log");
   const log4cxx::LoggerPtr root = log4cxx::Logger::getRootLogger();
   root->setLevel(log4cxx::Level::getInfo());
-  root->addAppender(std::make_shared<LineAppender>(file));
+  root->addAppender(std::make_shared<LineAppender>(std::move(file)));
 }
 
 }  // namespace util

@@ -4,7 +4,6 @@
 
 #include "common/file.h"
 #include "common/text.h"
-#include "platform/machine/current.h"
 #include "platform/os/paths.h"
 #include "platform/util/registry.h"
 #include "platform/util/text_helpers.h"
@@ -21,14 +20,9 @@ constexpr const char* kName = "Version";
 
 }  // namespace
 
-std::filesystem::path OemVersionFile() {
-  return machine::IsLive() || os::IsSystemRootSet() ? os::OemVersionFile()
-                                                    : std::filesystem::path();
-}
-
 std::wstring ReadOemVersion() {
   try {
-    return common::Utf8ToWide(common::ReadFile(OemVersionFile(), kMaxFileSize));
+    return common::Utf8ToWide(common::ReadFile(os::OemVersionFile(), kMaxFileSize));
   } catch (const std::exception&) {
     return {};
   }

@@ -1,16 +1,11 @@
 #pragma once
 
 #include <array>
-#include <filesystem>
 #include <string>
 
 namespace orv::sysdiagnose {
 
-/// The maker's version file of the machine in force. Empty for a described machine unless a system
-/// root was set for it: this system is another machine's.
-std::filesystem::path OemVersionFile();
-
-/// The text of that file; empty when it is missing or cannot be read.
+/// The text of the maker's version file; empty when it is missing or cannot be read.
 std::wstring ReadOemVersion();
 
 /// The version text in the registry, which outlives the file. A failed write is not reported.

@@ -64,10 +64,11 @@ TEST(DetectItems, TextsAreUtf8AndTheFirstOfTwoAttributesCounts) {
 TEST(DetectItems, FingerprintNeedsThePluginAndOneOfFourModels) {
   const std::string list = "<sysdiagnose>" + Item("11") + "</sysdiagnose>";
   const auto offered = [&list](const std::string& shelf, const std::string& model) {
-    const InForce inForce(R"({"product": "P", "shelf": [)" + shelf + "]}");
+    const InForce inForce(R"({"product": "P", "registry": {"HKEY_LOCAL_MACHINE": )"
+                          R"({"HARDWARE\\DESCRIPTION\\System\\Product": {"Version": ")" +
+                          model + R"("}}}, "shelf": [)" + shelf + "]}");
     inForce.WriteConfig("SysdiagnoseList.xml", list);
     inForce.WriteConfig("MachineTypeList.xml", "<machineTypelist/>");
-    inForce.WriteOemVersion(model);
     std::vector<tagDetectItem> items;
     XmlHelper::GetDetectItems(items);
     return !items.empty();

@@ -76,8 +76,8 @@ TEST(MachineType, FollowsTheFirstPrefixFoundInTheVersionText) {
       {"  tk-1.02_A\r\n", "Tusk"}, {"A1-LX-2", "Lynx"}, {"ORC-1", "Orchid"}, {"od-1", "Orchid"},
       {"TK-1 QF-2", "QF"},         {"A_TK-1", ""},      {"TK", ""},          {"T\x01K-1", "Tusk"},
   };
+  const InForce inForce;
   for (const auto& [version, type] : kCases) {
-    const InForce inForce;
     inForce.WriteOemVersion(version);
     EXPECT_EQ(SystemEnvironment::GetMachineType(), type) << version;
   }
@@ -104,11 +104,11 @@ TEST(ProductVersion, OfADescribedMachineIsItsOwnElseOfTheSystemRootGivenForIt) {
   machine::SetCurrent(machine::ParseMachine(own, "own"));
   EXPECT_EQ(SystemEnvironment::GetProductVersion(), "LX-1");
 
-  EXPECT_EQ(OemVersionFile(), os::OemVersionFile());
+  EXPECT_NE(os::OemVersionFile(), "");
   os::SetSystemRoot({});
-  EXPECT_EQ(OemVersionFile(), "");
+  EXPECT_EQ(os::OemVersionFile(), "");
   machine::SetCurrent(nullptr);
-  EXPECT_EQ(OemVersionFile(), os::OemVersionFile());
+  EXPECT_NE(os::OemVersionFile(), "");
 }
 
 TEST(ProductVersion, ATextOfSixtyFourCharactersIsRefusedNotCut) {

@@ -9,6 +9,7 @@
 
 #include "common/path_text.h"
 #include "platform/machine/current.h"
+#include "platform/machine/machine_files/machine_file.h"
 #include "tests/manager/largest_allocation.h"
 #include "tests/manager/packed_logs.h"
 #include "tests/support/temporary_folder.h"

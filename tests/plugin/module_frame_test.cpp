@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/util/data_manager.h"
+
 namespace {
 
 using testing::ElementsAre;
@@ -125,7 +127,7 @@ TEST_F(ModuleFrameTest, OnlyTheFirstInitAndTheFreeThatBalancesItReachTheManager)
 }
 
 TEST_F(ModuleFrameTest, WorksWithAManagerThatIsItselfOrOffersNothing) {
-  const void* const inUtilityLibrary = reinterpret_cast<const void*>(&os::ModuleOfAddress);
+  const void* const inUtilityLibrary = reinterpret_cast<const void*>(&DataManager::Instance);
   for (const os::ModuleHandle given : {os::ModuleHandle(&tables), ModuleOf(inUtilityLibrary)}) {
     x3::ModuleFrame alone(&MadeUpClasses, &Factory);
     EXPECT_TRUE(alone.Init(&tables, given));

@@ -57,6 +57,11 @@ void AppendedFile::Lock() {
   system->locked = result == 0;
 }
 
+void AppendedFile::Unlock() {
+  if (system->locked) flock(system->descriptor, LOCK_UN);
+  system->locked = false;
+}
+
 bool AppendedFile::IsInPlace() const {
   struct stat named {};
   const struct stat own = system->Status();

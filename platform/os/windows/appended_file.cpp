@@ -19,6 +19,14 @@ BY_HANDLE_FILE_INFORMATION InformationOf(const Handle& file) {
   return information;
 }
 
+// A byte that no file has stands for the right to append.
+OVERLAPPED LockedPlace() {
+  OVERLAPPED place{};
+  place.Offset = MAXDWORD;
+  place.OffsetHigh = MAXLONG;
+  return place;
+}
+
 std::runtime_error WriteError(const std::filesystem::path& file) {
   return FileError(file, "cannot be written: " + LastError().message());
 }
@@ -41,13 +49,15 @@ AppendedFile::AppendedFile(const std::filesystem::path& file)
 
 AppendedFile::~AppendedFile() = default;
 
-// A byte that no file has stands for the right to append; closing the file gives it back.
 void AppendedFile::Lock() {
-  OVERLAPPED place{};
-  place.Offset = MAXDWORD;
-  place.OffsetHigh = MAXLONG;
+  OVERLAPPED place = LockedPlace();
   if (LockFileEx(system->file.Get(), LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place) == 0)
     throw WriteError(path);
+}
+
+void AppendedFile::Unlock() {
+  OVERLAPPED place = LockedPlace();
+  UnlockFileEx(system->file.Get(), 0, 1, 0, &place);
 }
 
 bool AppendedFile::IsInPlace() const {

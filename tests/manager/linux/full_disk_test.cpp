@@ -7,6 +7,7 @@
 
 #include "manager/companion_service/log_files.h"
 #include "platform/machine/current.h"
+#include "platform/machine/machine_files/machine_file.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

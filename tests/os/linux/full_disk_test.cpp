@@ -86,7 +86,7 @@ TEST(AppendLine, PipesDevicesSocketsAndLinksAreRefused) {
   for (const fs::path& file : {fifo, socketFile, fs::path("/dev/null"), fs::path("/dev/full")}) {
     const std::string refusal = file.string() + ": is not a regular file";
     EXPECT_EQ(ThrownText([&] { AppendLine(file, "line"); }), refusal);
-    EXPECT_EQ(ThrownText([&] { PrepareAppending(file); }), refusal);
+    EXPECT_EQ(ThrownText([&] { LineFile{file}; }), refusal);
   }
   EXPECT_EQ(ThrownText([&] { AppendLine(folder.path / "link", "line"); }),
             (folder.path / "link").string() + ": is a link");
