@@ -1,8 +1,45 @@
+#include <cxxabi.h>
 #include <gmock/gmock.h>
 
-#include "tests/plugins_manager/exported_names.h"
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+
+#include "tests/plugins_manager/library_names.h"
 
 namespace {
+
+using Names = std::set<std::string>;
+
+// A function's name alone: how wide its parameters are differs from system to system.
+std::string ReadableName(const std::string& symbol) {
+  int status = 0;
+  const std::unique_ptr<char, decltype(&std::free)> demangled(
+      abi::__cxa_demangle(symbol.c_str(), nullptr, nullptr, &status), &std::free);
+  if (status != 0) return symbol;
+  std::string name = demangled.get();
+  name = name.substr(0, name.find('('));
+  return name.substr(0, name.find("[abi:"));
+}
+
+// A fenced list below a heading for each library.
+std::map<std::string, Names> PublishedNames() {
+  std::map<std::string, Names> names;
+  std::ifstream page(PUBLISHED_IMPORTS);
+  std::string library;
+  bool inList = false;
+  for (std::string line; std::getline(page, line);) {
+    if (line.starts_with("## ")) library = line.substr(3);
+    if (line == "```")
+      inList = !inList;
+    else if (inList)
+      names[library].insert(line);
+  }
+  return names;
+}
 
 // Any other symbol could be bound to by a library that stays, and would keep the plugin loaded.
 TEST(PluginLibrary, ExportsItsEntryPointsAndNothingElse) {
@@ -10,6 +47,20 @@ TEST(PluginLibrary, ExportsItsEntryPointsAndNothingElse) {
       ExportedNames(PLUGIN),
       testing::UnorderedElementsAre("x3InitializePlugin", "x3UninitializePlugin", "x3InitPlugin",
                                     "x3FreePlugin", "x3InternalCreate", "x3CreateObject"));
+}
+
+// It has to load against libraries that are not this project's.
+TEST(PluginLibrary, ImportsOfEachPlatformLibraryWhatIsPublishedAndNothingElse) {
+  const std::map<std::string, Names> published = PublishedNames();
+  for (const auto& [library, file] : {std::pair{"Util", UTIL}, std::pair{"DuiLib", DUILIB},
+                                      std::pair{"PluginsManager", MANAGER}}) {
+    Names imported;
+    for (const std::string& symbol : ImportedNames(PLUGIN, file))
+      imported.insert(ReadableName(symbol));
+    const auto found = published.find(library);
+    const Names expected = found == published.end() ? Names() : found->second;
+    EXPECT_THAT(imported, testing::ElementsAreArray(expected)) << library;
+  }
 }
 
 TEST(PluginLibrary, ItsManagerExportsWhatItLooksUp) {
