@@ -34,37 +34,36 @@ std::size_t LengthOfPiece(std::string_view text, const machine::IdentifierMask& 
 
 }  // namespace
 
-MaskedLog::MaskedLog(std::filesystem::path file) : path(std::move(file)) {
-  errno = 0;
-  stream.open(path, std::ios::binary);
-  if (!stream) throw LastFailure(path, "the file cannot be read");
-}
-
 std::size_t MaskedLog::GoToLastLines(std::size_t lines) {
+  std::ifstream stream = Open();
   stream.seekg(0, std::ios::end);
   const std::streamoff end = stream.tellg();
   std::string block;
-  for (std::streamoff begin = end; begin > 0;) {
-    block.resize(static_cast<std::size_t>(std::min<std::streamoff>(begin, kBlock)));
-    begin -= static_cast<std::streamoff>(block.size());
-    GoTo(begin);
-    ReadBlock(block);
+  for (std::streamoff place = end; place > 0;) {
+    block.resize(static_cast<std::size_t>(std::min<std::streamoff>(place, kBlock)));
+    place -= static_cast<std::streamoff>(block.size());
+    stream.clear();
+    stream.seekg(place);
+    ReadBlock(stream, block);
     for (std::size_t i = block.size(); i-- > 0;) {
-      const std::streamoff next = begin + static_cast<std::streamoff>(i) + 1;
+      const std::streamoff next = place + static_cast<std::streamoff>(i) + 1;
       if (block[i] != '\n' || next == end || --lines > 0) continue;
-      GoTo(next);
+      begin = next;
       return 0;
     }
   }
-  GoTo(0);
+  begin = 0;
   return end > 0 ? lines - 1 : lines;
 }
 
 void MaskedLog::Read(const machine::IdentifierMask& mask,
-                     const std::function<void(std::string_view)>& take) {
+                     const std::function<void(std::string_view)>& take) const {
+  std::ifstream stream = Open();
+  stream.seekg(begin);
   std::string block(kBlock, '\0');
   std::string pending;
-  for (std::string_view read = ReadBlock(block); !read.empty(); read = ReadBlock(block)) {
+  const auto readBlock = [&] { return ReadBlock(stream, block); };
+  for (std::string_view read = readBlock(); !read.empty(); read = readBlock()) {
     pending += read;
     const std::size_t length = LengthOfPiece(pending, mask);
     if (length > 0) take(mask.Apply(std::string_view(pending).substr(0, length)));
@@ -73,12 +72,14 @@ void MaskedLog::Read(const machine::IdentifierMask& mask,
   if (!pending.empty()) take(mask.Apply(std::string_view(pending)));
 }
 
-void MaskedLog::GoTo(std::streamoff place) {
-  stream.clear();
-  stream.seekg(place);
+std::ifstream MaskedLog::Open() const {
+  errno = 0;
+  std::ifstream stream(path, std::ios::binary);
+  if (!stream) throw LastFailure(path, "the file cannot be read");
+  return stream;
 }
 
-std::string_view MaskedLog::ReadBlock(std::string& block) {
+std::string_view MaskedLog::ReadBlock(std::ifstream& stream, std::string& block) const {
   errno = 0;
   stream.read(block.data(), static_cast<std::streamsize>(block.size()));
   if (stream.bad()) throw LastFailure(path, "the file cannot be read");

@@ -33,7 +33,7 @@ TEST(LogFile, IsPutAwayWhenFullAndTellsItsOwnFailureOnce) {
   EXPECT_EQ(ReadText(file).find('\n'), ReadText(file).size() - 1);
   EXPECT_EQ(fs::file_size(folder.path / "log" / "sysdiagnose.1.log"), os::kFullFile);
 
-  fs::remove(file);
+  fs::rename(file, folder.path / "aside.log");
   fs::create_directory(file);
   EXPECT_THAT(ErrorChannelOf("lost"), testing::HasSubstr("sysdiagnose.log: cannot be written: "));
   EXPECT_EQ(ErrorChannelOf("lost too"), "");

@@ -3,6 +3,16 @@
 #include "platform/os/windows/handle.h"
 
 namespace os {
+namespace {
+
+using Function = BOOLEAN(WINAPI*)();
+
+// Looked up when the module is loaded: at the end of the process the runtime's lock for first calls
+// may be one that never comes free.
+const auto shutdownInProgress = reinterpret_cast<Function>(reinterpret_cast<void*>(
+    GetProcAddress(GetModuleHandleA("ntdll.dll"), "RtlDllShutdownInProgress")));
+
+}  // namespace
 
 // Anything gentler runs the detach of every library, after the other threads are gone.
 void EndProcess(int exitStatus) {
@@ -11,10 +21,7 @@ void EndProcess(int exitStatus) {
 }
 
 bool IsLastThreadOfEndingProcess() {
-  using Function = BOOLEAN(WINAPI*)();
-  static const auto function = reinterpret_cast<Function>(reinterpret_cast<void*>(
-      GetProcAddress(GetModuleHandleA("ntdll.dll"), "RtlDllShutdownInProgress")));
-  return function != nullptr && function() != FALSE;
+  return shutdownInProgress != nullptr && shutdownInProgress() != FALSE;
 }
 
 }  // namespace os
