@@ -1,6 +1,7 @@
 #include <atomic>
 #include <cstdio>
 #include <mutex>
+#include <optional>
 
 #include "cli/commands.h"
 #include "cli/interruptible.h"
@@ -112,11 +113,13 @@ int RunCheck(const Arguments& arguments) {
   });
   runs.Wait();
   if (arguments.repair && status == kAllNormal && !stopped) {
-    std::vector<enmHardwareID> chosen;
-    for (const auto& [category, entries] : ChooseRepairs(arguments, runs.OfferedRepairs()))
-      chosen.push_back(category);
-    if (!chosen.empty()) runs.BeginRepair(std::move(chosen), {}, failed);
+    const std::optional<RepairMap> chosen = ChooseRepairs(arguments, runs.OfferedRepairs());
+    std::vector<enmHardwareID> categories;
+    for (const auto& [category, entries] : chosen.value_or(RepairMap()))
+      categories.push_back(category);
+    if (!categories.empty()) runs.BeginRepair(std::move(categories), {}, failed);
     runs.Wait();
+    if (!chosen) stopped = true;
   }
   const bool abnormal = reader.FoundAbnormal();
   if (status != kAllNormal) return status;
