@@ -1,6 +1,8 @@
 #include <atomic>
 #include <cstdio>
+#include <iterator>
 #include <mutex>
+#include <optional>
 
 #include "cli/commands.h"
 #include "cli/interruptible.h"
@@ -48,12 +50,17 @@ void PrintJson(std::uint32_t messageId, const DiagnoseSummary& summary) {
   line.EndArray().Add("interval", std::int64_t{summary.interval});
 }
 
-void PrintText(const DiagnoseSummary& summary) {
+// Any program may post a summary, with any number for a state.
+std::string StateText(DisplayState state) {
   constexpr const char* kStates[] = {"waiting", "testing...", "normal", "ABNORMAL"};
+  const auto number = static_cast<std::uint32_t>(state);
+  return number < std::size(kStates) ? kStates[number] : "state " + std::to_string(number);
+}
+
+void PrintText(const DiagnoseSummary& summary) {
   std::printf("%s\n", Coloured(Colour::Bold, Printable(summary.resultText)).c_str());
   for (const DetectListEntry& entry : summary.items)
-    std::printf("  %s  %s\n", Padded(entry.caption, 16).c_str(),
-                kStates[static_cast<std::size_t>(entry.state)]);
+    std::printf("  %s  %s\n", Padded(entry.caption, 16).c_str(), StateText(entry.state).c_str());
 }
 
 // Stands where the host's main page would: prints the summaries that are posted to its group.
@@ -112,11 +119,13 @@ int RunCheck(const Arguments& arguments) {
   });
   runs.Wait();
   if (arguments.repair && status == kAllNormal && !stopped) {
-    std::vector<enmHardwareID> chosen;
-    for (const auto& [category, entries] : ChooseRepairs(arguments, runs.OfferedRepairs()))
-      chosen.push_back(category);
-    if (!chosen.empty()) runs.BeginRepair(std::move(chosen), {}, failed);
+    const std::optional<RepairMap> chosen = ChooseRepairs(arguments, runs.OfferedRepairs());
+    std::vector<enmHardwareID> categories;
+    for (const auto& [category, entries] : chosen.value_or(RepairMap()))
+      categories.push_back(category);
+    if (!categories.empty()) runs.BeginRepair(std::move(categories), {}, failed);
     runs.Wait();
+    if (!chosen) stopped = true;
   }
   const bool abnormal = reader.FoundAbnormal();
   if (status != kAllNormal) return status;

@@ -4,6 +4,7 @@
 #include "cli/commands.h"
 #include "cli/json_line.h"
 #include "cli/terminal_text.h"
+#include "common/text.h"
 #include "platform/util/process_store.h"
 #include "sysdiagnose/records/history_store.h"
 
@@ -14,8 +15,8 @@ using namespace orv::sysdiagnose;
 namespace {
 
 void PrintText(const HistoryRecord& record) {
-  std::printf("%s  %2d normal  %2d abnormal", record.dateTime.c_str(), record.passCount,
-              record.failCount);
+  const std::string time = Printable(common::Utf8ToWide(record.dateTime));
+  std::printf("%s  %2d normal  %2d abnormal", time.c_str(), record.passCount, record.failCount);
   const char* separator = ": ";
   for (std::size_t i = 0; i < record.results.size(); ++i) {
     if (record.results[i] != kAbnormal) continue;

@@ -1,12 +1,12 @@
 #include "cli/repair_choice.h"
 
 #include <cstdio>
-#include <iostream>
 #include <string>
 
 #include "cli/commands.h"
 #include "cli/terminal_text.h"
 #include "platform/os/console.h"
+#include "platform/os/input_line.h"
 
 namespace cli {
 
@@ -15,15 +15,20 @@ using namespace orv::sysdiagnose;
 namespace {
 
 // The question goes to standard error, so that it does not mix with JSON.
-bool Agrees(enmHardwareID category) {
+os::InputEnd Ask(enmHardwareID category, std::string& answer) {
   std::fprintf(stderr, "Repair %s? [y/N] ", Printable(CaptionOf(category)).c_str());
-  std::string answer;
-  return std::getline(std::cin, answer) && (answer == "y" || answer == "Y" || answer == "yes");
+  const os::InputEnd end = os::ReadInputLine(answer);
+  if (end != os::InputEnd::Line) std::fputs("\n", stderr);
+  return end;
+}
+
+bool IsYes(const std::string& answer) {
+  return answer == "y" || answer == "Y" || answer == "yes";
 }
 
 }  // namespace
 
-RepairMap ChooseRepairs(const Arguments& arguments, const RepairMap& offered) {
+std::optional<RepairMap> ChooseRepairs(const Arguments& arguments, const RepairMap& offered) {
   if (arguments.assumeYes) return offered;
   RepairMap chosen;
   if (!os::InputIsTerminal()) {
@@ -31,8 +36,11 @@ RepairMap ChooseRepairs(const Arguments& arguments, const RepairMap& offered) {
       std::fputs("sysdiagnose: nothing is repaired: give --yes, or answer on a terminal\n", stderr);
     return chosen;
   }
-  for (const auto& [category, entries] : offered)
-    if (Agrees(category)) chosen[category] = entries;
+  for (const auto& [category, entries] : offered) {
+    std::string answer;
+    if (Ask(category, answer) == os::InputEnd::Interrupt) return std::nullopt;
+    if (IsYes(answer)) chosen[category] = entries;
+  }
   return chosen;
 }
 

@@ -1,3 +1,4 @@
+#include <optional>
 #include <set>
 
 #include "cli/commands.h"
@@ -82,6 +83,9 @@ class Diagnosis {
     WaitForEnd();
   }
 
+  /// Instead of a repair.
+  void Cancel() { OnCancelled(); }
+
   bool CanRepair() const { return ended == kAllNormal; }
   const RepairMap& OfferedRepairs() const { return engine.OfferedRepairs(); }
 
@@ -135,8 +139,11 @@ int RunDiagnosis(const Arguments& arguments) {
   Diagnosis diagnosis(selection, *printer);
   diagnosis.Detect();
   if (arguments.repair && diagnosis.CanRepair()) {
-    RepairMap chosen = ChooseRepairs(arguments, diagnosis.OfferedRepairs());
-    if (!chosen.empty()) diagnosis.Repair(std::move(chosen));
+    std::optional<RepairMap> chosen = ChooseRepairs(arguments, diagnosis.OfferedRepairs());
+    if (!chosen)
+      diagnosis.Cancel();
+    else if (!chosen->empty())
+      diagnosis.Repair(*std::move(chosen));
   }
   if (!arguments.reportFile.empty()) WriteReport(report, arguments);
   return diagnosis.Status();

@@ -31,15 +31,15 @@ void SwitchToWal(SQLite::Database& database, Patience& patience) {
 }
 
 StoreFile OpenWriter(const std::filesystem::path& file, Patience& patience) {
+  const bool isThere = std::filesystem::exists(file);
   StoreFile writer(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, patience);
+  if (isThere) writer.CheckLength();
   writer.Use([&](SQLite::Database& database) {
     RefuseNewerLayout(file, database);
     SwitchToWal(database, patience);
     database.exec("PRAGMA synchronous=FULL");
     database.exec(CreateStatements());
   });
-  // Much damage, as a page cut off, never shows as an error: rows are just not found.
-  writer.Check();
   return writer;
 }
 

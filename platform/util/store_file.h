@@ -50,6 +50,11 @@ class StoreFile {
   /// shows.
   void LeaveAsItIs();
 
+  /// Throws what tells of damage when the file has been cut off. SQLite does not see that of an
+  /// empty file, of one cut in its last page, and while a side file stands beside it. Before
+  /// SQLite reads the file; reads its first bytes alone unless it may be whole with a side file.
+  void CheckLength();
+
   /// Reads the whole file. Throws what tells of damage.
   void Check();
 
@@ -57,6 +62,7 @@ class StoreFile {
   bool HasMoved();
 
  private:
+  void CheckContent();
   StoreError Translated(const SQLite::Exception& error);
 
   std::filesystem::path path;

@@ -1,9 +1,9 @@
 #include "sysdiagnose/engine/quiet_runs.h"
 
 #include <chrono>
-#include <mutex>
 #include <utility>
 
+#include "platform/concurrency/message_blocks.h"
 #include "platform/os/clock.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/engine/category_runner.h"
@@ -21,11 +21,21 @@ constexpr milliseconds kBeforeRepairs{1000};
 constexpr milliseconds kAfterRepair{500};
 constexpr milliseconds kBeforeLastSummary{5000};
 
-// Held while a quiet run goes on.
-std::mutex& OneAtATime() {
-  static std::mutex mutex;
-  return mutex;
+// One value, which a quiet run has while it goes on. Whoever waits for it rests.
+concurrency::unbounded_buffer<int>& FreeTurn() {
+  static concurrency::unbounded_buffer<int> free;
+  static const bool isFilled = (free.send(0), true);
+  static_cast<void>(isFilled);
+  return free;
 }
+
+class Turn {
+ public:
+  Turn() { FreeTurn().receive(); }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+  ~Turn() { FreeTurn().send(0); }
+};
 
 void Pause(milliseconds time) {
   os::CurrentClock().Sleep(time);
@@ -65,7 +75,7 @@ void QuietRuns::Begin(std::function<void(State&)> body, EndedCallback ended,
   task.Begin(
       [run = state, body = std::move(body), ended = std::move(ended)] {
         {
-          const std::lock_guard lock(OneAtATime());
+          const Turn turn;
           body(*run);
         }
         if (ended) ended();

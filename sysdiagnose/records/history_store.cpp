@@ -1,36 +1,76 @@
 #include "sysdiagnose/records/history_store.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <string>
+#include <type_traits>
+#include <utility>
 
+#include "common/path_text.h"
 #include "platform/os/clock.h"
+#include "platform/os/paths.h"
 #include "platform/util/data_manager.h"
 
 namespace orv::sysdiagnose {
 namespace {
 
 constexpr const char* kTable = "TABLE_HARDWARE_DIAGNOSE";
+// The columns by the position of their cells, as people find them in the store.
+constexpr auto kColumns =
+    std::to_array<const char*>({"Cpu", "Motherboard", "Memory", "Disk", "Gpu", "Display", "Audio",
+                                "Network", "Bluetooth", "Battery", "Keyboard", "Fingerprint",
+                                "PassCount", "FailCount", "Date", "DateTime", "SecondTime"});
 constexpr std::size_t kCellCount = 17;
+static_assert(kColumns.size() == kCellCount);
+constexpr std::size_t kDateCell = 14;
+constexpr std::size_t kDateTimeCell = 15;
+constexpr std::size_t kSecondTimeCell = 16;
 constexpr std::int64_t kSecondsPerDay = 86400;
 constexpr int kDaysBack = 90;
 
 // The buffer that the formatted time texts fit in.
 using TextBuffer = std::array<char, 260>;
 
-std::int32_t ReadInteger(const linb::any& cell) {
-  return static_cast<std::int32_t>(linb::any_cast<std::int64_t>(cell));
+// Of a cell that nothing here has written.
+class WrongCell : public linb::bad_any_cast {
+ public:
+  explicit WrongCell(std::string text) : reason(std::move(text)) {}
+  const char* what() const noexcept override { return reason.c_str(); }
+
+ private:
+  const std::string reason;
+};
+
+std::string NameOf(const DataManager::Row& row) {
+  const auto* secondTime = linb::any_cast<std::int64_t>(&row[kSecondTimeCell]);
+  if (secondTime != nullptr) return "the row of SecondTime " + std::to_string(*secondTime);
+  const auto* dateTime = linb::any_cast<std::string>(&row[kDateTimeCell]);
+  return dateTime != nullptr ? "the row of " + *dateTime : "a row without a time";
+}
+
+template <typename Cell>
+const Cell& ReadCell(const DataManager::Row& row, std::size_t cell) {
+  if (const auto* value = linb::any_cast<Cell>(&row[cell])) return *value;
+  throw WrongCell("the data store in " + common::PathText(os::DataFolder()) + ": " + kTable + ": " +
+                  NameOf(row) + ": cell " + std::to_string(cell) + " (" + kColumns[cell] +
+                  ") is not " +
+                  (std::is_same_v<Cell, std::string> ? "a text" : "a 64-bit integer"));
+}
+
+std::int32_t ReadInteger(const DataManager::Row& row, std::size_t cell) {
+  return static_cast<std::int32_t>(ReadCell<std::int64_t>(row, cell));
 }
 
 HistoryRecord ReadRow(const DataManager::Row& row) {
   HistoryRecord record;
   std::size_t cell = 0;
-  for (std::int32_t& result : record.results) result = ReadInteger(row[cell++]);
-  record.passCount = ReadInteger(row[cell++]);
-  record.failCount = ReadInteger(row[cell++]);
-  record.date = linb::any_cast<const std::string&>(row[cell++]);
-  record.dateTime = linb::any_cast<const std::string&>(row[cell++]);
-  record.secondTime = ReadInteger(row[cell]);
+  for (std::int32_t& result : record.results) result = ReadInteger(row, cell++);
+  record.passCount = ReadInteger(row, cell++);
+  record.failCount = ReadInteger(row, cell++);
+  record.date = ReadCell<std::string>(row, kDateCell);
+  record.dateTime = ReadCell<std::string>(row, kDateTimeCell);
+  record.secondTime = ReadInteger(row, kSecondTimeCell);
   return record;
 }
 

@@ -7,6 +7,7 @@
 
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -70,6 +71,19 @@ TEST_F(KeptRunTest, AHistoryThatCannotBeReadIsNoEmptyOne) {
   const std::string data = (folder.path / "report.json").string();
   EXPECT_EQ(Run(kNormal, {"run", "battery", "--report", data}).exitStatus, 2);
   EXPECT_THAT(ReadText(data), HasSubstr("\"historyFault\": \""));
+}
+
+TEST_F(KeptRunTest, ARowThatSomebodyElseChangedIsNamedAndCannotTakeTheTerminalOver) {
+  ChangeStore("UPDATE TABLE_HARDWARE_DIAGNOSE SET DateTime = char(27) || '[2Jnow'");
+  const Outcome shown = Run(kNormal, {"history"});
+  EXPECT_EQ(shown.exitStatus, 0);
+  EXPECT_THAT(shown.output, AllOf(HasSubstr("[2Jnow  "), Not(HasSubstr("\033"))));
+  ChangeStore("UPDATE TABLE_HARDWARE_DIAGNOSE SET Battery = 'worn'");
+  const Outcome refused = Run(kNormal, {"history"});
+  EXPECT_EQ(refused.exitStatus, 2);
+  EXPECT_THAT(refused.errors,
+              AllOf(HasSubstr(common::PathText(store.parent_path()) + ": TABLE_HARDWARE_DIAGNOSE"),
+                    HasSubstr("cell 9 (Battery) is not a 64-bit integer\n")));
 }
 
 TEST_F(KeptRunTest, ADamagedStoreIsNamedAndTheRunIsKeptInANewOne) {

@@ -9,6 +9,7 @@
 #include "sysdiagnose/records/history_store.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/in_force.h"
+#include "tests/support/virtual_clock.h"
 
 namespace orv::sysdiagnose {
 namespace {
@@ -140,6 +141,32 @@ TEST_F(QuietRunsTest, ASecondRunOfAnotherOwnerWaitsItsTurn) {
   other.Wait();
   EXPECT_THAT(order,
               ElementsAre("first 4", "first 7", "first 10", "second 4", "second 7", "second 10"));
+}
+
+// A run that waits for its turn must not keep time from being stepped through.
+TEST(QuietRunsInVirtualTime, ARunThatWaitsItsTurnRests) {
+  const InForce inForce;
+  inForce.WriteConfig("SysdiagnoseList.xml", kList);
+  VirtualClock clock;
+  std::vector<std::string> order;
+  const auto noted = [&order](const std::string& name) {
+    return [&order, name](Category id, bool) {
+      order.push_back(name + " " + std::to_string(static_cast<int>(id)));
+    };
+  };
+  QuietRuns first;
+  QuietRuns second;
+  first.BeginDetection(noted("first"), {}, {});
+  clock.Advance({});
+  second.BeginDetection(noted("second"), {}, {});
+  clock.Advance(std::chrono::milliseconds(599));
+  EXPECT_THAT(order, ElementsAre("first 4", "first 7", "first 10"));
+  clock.Advance(std::chrono::milliseconds(1));
+  EXPECT_EQ(order.back(), "second 4");
+  clock.Advance(std::chrono::milliseconds(600));
+  EXPECT_EQ(order.size(), 6U);
+  first.Wait();
+  second.Wait();
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "sysdiagnose/records/history_store.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
+#include "common/path_text.h"
 #include "platform/util/data_manager.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/in_force.h"
@@ -101,6 +103,35 @@ TEST(HistoryStore, ARangeIsHalfOpenAndAMissLeavesTheRecordAlone) {
   EXPECT_EQ(record.passCount, 1);
   EXPECT_TRUE(QueryLatestRecordInRange(record, 2001, -5));
   EXPECT_EQ(record.passCount, 2);
+}
+
+TEST(HistoryStore, ARowWithACellOfAnotherTypeIsAnErrorThatNamesIt) {
+  const InForce inForce;
+  const std::filesystem::path folder = inForce.folder.path / "data";
+  const struct {
+    const char* change;
+    const char* named;
+  } cases[] = {
+      {"Disk = 'half'", "the row of SecondTime 1551960000: cell 3 (Disk) is not a 64-bit integer"},
+      {"FailCount = 0.5",
+       "the row of SecondTime 1551960000: cell 13 (FailCount) is not a 64-bit integer"},
+      {"SecondTime = 1551960000.5",
+       "the row of 2019.03.07.13.00.00: cell 16 (SecondTime) is not a 64-bit integer"},
+  };
+  for (const auto& wrong : cases) {
+    SCOPED_TRACE(wrong.change);
+    Store(kNoon);
+    SQLite::Database database(common::PathText(folder / "store.db"), SQLite::OPEN_READWRITE);
+    database.exec(std::string("UPDATE TABLE_HARDWARE_DIAGNOSE SET ") + wrong.change);
+    try {
+      DailyTimes(12);
+      ADD_FAILURE() << "was read";
+    } catch (const linb::bad_any_cast& error) {
+      EXPECT_EQ(error.what(), "the data store in " + common::PathText(folder) +
+                                  ": TABLE_HARDWARE_DIAGNOSE: " + wrong.named);
+    }
+    database.exec("DELETE FROM TABLE_HARDWARE_DIAGNOSE");
+  }
 }
 
 TEST(HistoryStore, NumbersAreCutToThirtyTwoBitsWhenRead) {

@@ -168,6 +168,78 @@ TEST(DamagedStore, IsSetAsideAndItsRegistryGoesOverWhereItCanBeRead) {
   }
 }
 
+// A cut beside which a side file stands does not show in the size alone.
+TEST(DamagedStore, IsNoticedWhereverItWasCutOff) {
+  const TemporaryFolder source;
+  const std::string whole = FilledStore(source.path);
+  std::vector<std::size_t> cuts = {0,  1,  15, 16, 23,  24,  28,  31,
+                                   32, 95, 96, 99, 100, 103, 105, 108};
+  for (std::size_t cut = 512; cut < whole.size(); cut += 509) cuts.push_back(cut);
+  for (std::size_t page = 4096; page < whole.size(); page += 4096)
+    cuts.insert(cuts.end(), {page - 1, page, page + 1});
+  cuts.push_back(whole.size() - 1);
+  for (const std::size_t cut : cuts) {
+    SCOPED_TRACE(cut);
+    const TemporaryFolder folder;
+    WriteText(folder.path / "store.db", whole.substr(0, cut));
+    std::vector<std::string> told;
+    Store store(folder.path, [&told](const std::string& text) { told.push_back(text); });
+    std::vector<Store::Row> rows;
+    store.Get("SELECT * FROM TABLE_HARDWARE_DIAGNOSE WHERE SecondTime = 1", rows);
+    EXPECT_EQ(rows.size(), 0U);
+    EXPECT_EQ(told.size(), 1U);
+    const std::filesystem::path aside = SetAside(folder.path);
+    EXPECT_TRUE(!aside.empty() && ReadText(aside) == whole.substr(0, cut));
+  }
+}
+
+// What a process leaves behind that was killed while its rows went from the log into the store.
+struct Crashed {
+  std::string store;
+  std::string log;
+};
+
+Crashed KilledInACheckpoint(const std::filesystem::path& folder) {
+  FilledStore(folder);
+  const std::filesystem::path file = folder / "store.db";
+  const std::string before = ReadText(file);
+  SQLite::Database database(common::PathText(file), SQLite::OPEN_READWRITE);
+  database.exec(
+      "PRAGMA wal_autocheckpoint=0;"
+      "INSERT INTO TABLE_HARDWARE_DIAGNOSE SELECT * FROM TABLE_HARDWARE_DIAGNOSE");
+  Crashed left;
+  left.log = ReadText(folder / "store.db-wal");
+  database.exec("PRAGMA wal_checkpoint(PASSIVE)");
+  const std::string after = ReadText(file);
+  // The pages go in order, so the first, with the new number of pages, was the first to go.
+  left.store = after.substr(0, 4096) + before.substr(4096);
+  return left;
+}
+
+TEST(SoundStore, IsOneWhoseOwnerDiedBeforeAllOfItWasInTheFile) {
+  const TemporaryFolder source;
+  const Crashed left = KilledInACheckpoint(source.path);
+  std::vector<std::size_t> lengths = {left.store.size(), left.store.size() + 2048};
+  for (std::size_t cut = 1; cut < left.store.size(); cut += 509) lengths.push_back(cut);
+  for (const std::size_t length : lengths) {
+    SCOPED_TRACE(length);
+    const TemporaryFolder folder;
+    std::string bytes = left.store;
+    bytes.resize(length);
+    WriteText(folder.path / "store.db", bytes);
+    WriteText(folder.path / "store.db-wal", left.log);
+    std::vector<std::string> told;
+    Store store(folder.path, [&told](const std::string& text) { told.push_back(text); });
+    std::vector<Store::Row> rows;
+    store.Get("SELECT PassCount FROM TABLE_HARDWARE_DIAGNOSE WHERE PassCount = 1", rows);
+    if (length >= left.store.size()) {
+      EXPECT_TRUE(told.empty());
+    }
+    EXPECT_EQ(rows.size(), told.empty() ? 602U : 0U);
+    EXPECT_EQ(SetAside(folder.path).empty(), told.empty());
+  }
+}
+
 TEST(DamagedStore, TakesItsSideFilesAlongAndASecondOneGetsAnotherName) {
   const FakeClock clock(0, {2024, 3, 9, 10, 11, 12});
   const TemporaryFolder folder;
@@ -224,7 +296,7 @@ TEST(SoundStore, ThatAnotherHoldsIsWaitedForOnceAndForTenSeconds) {
   const TemporaryFolder folder;
   std::optional<SQLite::Database> holder(std::in_place, common::PathText(folder.path / "store.db"),
                                          SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-  holder->exec("BEGIN EXCLUSIVE");
+  holder->exec("CREATE TABLE OTHER (cell); BEGIN EXCLUSIVE");
   Store store(folder.path);
   std::vector<Store::Row> rows;
   for (int i = 0; i < 90; ++i) {
@@ -285,7 +357,7 @@ TEST(DataManager, TellsAReasonOnceForManyReadsAndForEachLostRow) {
   }
   EXPECT_THAT(util::StoreWriteFault(), HasSubstr("newer"));
 
-  WriteText(file, "");
+  std::filesystem::remove(file);
   EXPECT_TRUE(manager.Put(kHistoryTable, HistoryRow(1)));
   EXPECT_EQ(util::StoreWriteFault(), "");
   EXPECT_TRUE(manager.Get("SELECT * FROM TABLE_HARDWARE_DIAGNOSE", RETURN_ORDER_DEFAULT, rows));

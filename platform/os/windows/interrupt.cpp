@@ -4,6 +4,7 @@
 
 #include "platform/os/process_end.h"
 #include "platform/os/windows/end_request.h"
+#include "platform/os/windows/interrupt_event.h"
 
 namespace os {
 namespace {
@@ -12,10 +13,10 @@ std::atomic<void (*)()> firstInterrupt = nullptr;
 std::atomic<int> secondExitStatus = 1;
 
 void Interrupted() {
-  if (void (*handler)() = firstInterrupt.exchange(nullptr); handler != nullptr)
-    handler();
-  else
-    EndProcess(secondExitStatus);
+  void (*handler)() = firstInterrupt.exchange(nullptr);
+  if (handler == nullptr) EndProcess(secondExitStatus);
+  handler();
+  SetEvent(InterruptEvent());
 }
 
 // Runs on a thread of its own.
@@ -40,7 +41,13 @@ void ListenOnce() {
 
 }  // namespace
 
+HANDLE InterruptEvent() {
+  static Handle& event = *new Handle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+  return event.Get();
+}
+
 void OnInterrupt(void (*handler)(), int exitStatus) {
+  ResetEvent(InterruptEvent());
   firstInterrupt = handler;
   secondExitStatus = exitStatus;
   static const bool listening = (ListenOnce(), true);

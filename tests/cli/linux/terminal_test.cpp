@@ -88,6 +88,28 @@ TEST_F(TerminalTest, ARepairIsMadeIfTheAnswerIsYes) {
   }
 }
 
+// The first is answered, the second not.
+TEST_F(TerminalTest, CtrlCAtAQuestionEndsTheRunAndRepairsNothing) {
+  constexpr const char* kTwoFaults = R"({
+      "tests": {"CVideoCardDetect::CheckDevice": 5, "CKeyBoardDetect::DetetctHotKey": 2},
+      "repairs": {"CVideoCardDetect::RepairVIDEOCARDProblems": {"code": 0, "text": "done"},
+                  "CKeyBoardDetect::RepairHotkeyByReStartSevice": 0}})";
+  for (const auto& command : std::vector<std::vector<std::string>>{
+           {"run", "graphics", "keyboard", "--repair", "--json"}, {"check", "--repair"}}) {
+    SCOPED_TRACE(command[0]);
+    Terminal terminal(Words("en-US", kTwoFaults, command));
+    ASSERT_TRUE(terminal.ReadUntil("Repair Graphics card? [y/N] ")) << terminal.Written();
+    terminal.Type("y\n");
+    ASSERT_TRUE(terminal.ReadUntil("Repair Keyboard? [y/N] ")) << terminal.Written();
+    const std::size_t asked = terminal.Written().size();
+    terminal.Type("y\x03y\n");
+    EXPECT_EQ(terminal.Wait(), 3);
+    const std::string after = terminal.Written().substr(asked);
+    EXPECT_THAT(after, Not(HasSubstr("epair"))) << terminal.Written();
+    EXPECT_EQ(after.find("\"cancelled\"") != std::string::npos, command[0] == "run") << after;
+  }
+}
+
 TEST_F(TerminalTest, WideCharactersLeaveTheColumnsStraight) {
   const char* machine = R"({"info":{"CCpu":{"GetCpuName":"Sample"}}})";
   Terminal check(Words("zh-CN", machine, {"check"}));

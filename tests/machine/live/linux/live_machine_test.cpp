@@ -6,8 +6,8 @@
 #include <thread>
 #include <vector>
 
-#include "tests/machine/live/linux/fake_system.h"
 #include "tests/machine/live/smbios_bytes.h"
+#include "tests/support/linux/fake_system.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "tests/machine/live/linux/fake_system.h"
+#include "tests/support/linux/fake_system.h"
 
 namespace {
 

@@ -1,15 +1,8 @@
-#include "platform/os/processor.h"
+#include "platform/machine/workloads/processor_tests/processor_tests.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/machine/workloads/processor_tests/processor_tests.h"
-
 namespace {
-
-TEST(Cpuid, IsZeroAboveTheHighestLeaf) {
-  EXPECT_NE(os::Cpuid(0)[1], 0U);
-  EXPECT_EQ(os::Cpuid(0x7FFFFFFF), (std::array<std::uint32_t, 4>{}));
-}
 
 machine::Block First(const machine::Block& a, const machine::Block&) {
   return a;

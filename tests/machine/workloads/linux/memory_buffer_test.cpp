@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/machine/live/linux/fake_system.h"
+#include "tests/support/linux/fake_system.h"
 
 namespace {
 

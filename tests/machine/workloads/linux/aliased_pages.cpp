@@ -1,4 +1,4 @@
-#include "tests/machine/live/aliased_pages.h"
+#include "tests/machine/workloads/aliased_pages.h"
 
 #include <sys/mman.h>
 #include <unistd.h>

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/machine/workloads/memory_buffer.h"
-#include "tests/machine/live/aliased_pages.h"
+#include "tests/machine/workloads/aliased_pages.h"
 
 namespace {
 
