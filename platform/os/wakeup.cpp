@@ -1,10 +1,20 @@
 #include "platform/os/wakeup.h"
 
+#include <memory>
 #include <utility>
 
+#include "platform/os/process_end.h"
 #include "platform/os/workers.h"
 
 namespace os {
+
+Wakeup::Wakeup() {
+  std::construct_at(&changed);
+}
+
+Wakeup::~Wakeup() {
+  if (!IsLastThreadOfEndingProcess()) std::destroy_at(&changed);
+}
 
 void Wakeup::Wake() {
   const std::lock_guard lock(mutex);

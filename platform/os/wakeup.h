@@ -11,9 +11,10 @@ namespace os {
 /// 2.41).
 class Wakeup {
  public:
-  Wakeup() = default;
+  Wakeup();
   Wakeup(const Wakeup&) = delete;
   Wakeup& operator=(const Wakeup&) = delete;
+  ~Wakeup();
 
   /// Ends the wait that goes on, or the next one if none does. Any thread.
   void Wake();
@@ -29,7 +30,10 @@ class Wakeup {
   void Rest(WaitOnce waitOnce);
 
   std::mutex mutex;
-  std::condition_variable changed;
+  // Left as it is at the end of a process: a thread that is gone may hold the lock inside.
+  union {
+    std::condition_variable changed;
+  };
   bool woken = false;
   bool workerRests = false;  // the thread that waits is a worker, and counts as resting
 };
