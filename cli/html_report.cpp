@@ -169,6 +169,7 @@ class HtmlReportWriter {
       page.Html("<p>").Label(L"REPAIR_OFFERED").Html("</p>\n");
     for (const ReportRepair& repair : category.repairs) Repair(repair);
     Information(category);
+    Words(category.words);
     Items(category.items);
     page.Html("</section>\n");
   }
@@ -216,6 +217,7 @@ class HtmlReportWriter {
   void Item(const ReportItem& item) {
     if (item.state == ItemState::Heading) {
       page.Html("<tr class=\"heading\"><td colspan=\"4\">").Text(item.caption);
+      Words(item.words);
       page.Html("</td></tr>\n");
       return;
     }
@@ -223,9 +225,17 @@ class HtmlReportWriter {
     Badge(BadgeOf(item.state));
     page.Html("</td><td>");
     if (item.state == ItemState::Abnormal) page.Text(item.hint);
+    Words(item.words);
     page.Html("</td><td class=\"code\">");
     if (item.state != ItemState::NotTested) page.Number(item.code);
     page.Html("</td></tr>\n");
+  }
+
+  void Words(const ItemWords& words) {
+    if (!words.detail.empty()) page.Html("<p class=\"note\">").Text(words.detail).Html("</p>");
+    if (words.notTested.empty()) return;
+    page.Html("<p class=\"note\">").Label(L"NO_RESULT").Html(": ").Text(words.notTested);
+    page.Html("</p>");
   }
 
   const RunReport& report;

@@ -81,6 +81,7 @@ class JsonReportWriter {
     AddList("information", category.information, &JsonReportWriter::InformationRow);
     if (!category.informationFault.empty()) Add("informationFault", category.informationFault);
     AddList("items", category.items, &JsonReportWriter::Item);
+    AddWords(category.words);
     AddList("unknown", category.unknown, &JsonReportWriter::Text);
     if (!category.repairOffer.empty()) Add("repairOffer", category.repairOffer);
     AddList("repairs", category.repairs, &JsonReportWriter::Repair);
@@ -112,7 +113,13 @@ class JsonReportWriter {
       Add("hint", item.hint);
       Add("code", item.code);
     }
+    AddWords(item.words);
     writer.EndObject();
+  }
+
+  void AddWords(const ItemWords& words) {
+    if (!words.detail.empty()) Add("detail", words.detail);
+    if (!words.notTested.empty()) Add("notTested", words.notTested);
   }
 
   void AddRecord() {

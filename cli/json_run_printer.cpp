@@ -11,6 +11,11 @@ std::int64_t Number(enmHardwareID category) {
   return static_cast<std::int64_t>(category);
 }
 
+void AddWords(JsonLine& line, const ItemWords& words) {
+  if (!words.detail.empty()) line.Add("detail", words.detail);
+  if (!words.notTested.empty()) line.Add("notTested", words.notTested);
+}
+
 class JsonRunPrinter final : public RunPrinter {
  public:
   void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
@@ -21,13 +26,33 @@ class JsonRunPrinter final : public RunPrinter {
         .Add("failureText", info.repairFailureText);
   }
 
-  void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail) override {
-    JsonLine("itemResult")
-        .Add("category", Number(category))
+  void Heading(enmHardwareID, const std::wstring&) override {}
+
+  void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail,
+                  const ItemWords& words) override {
+    JsonLine line("itemResult");
+    line.Add("category", Number(category))
         .Add("caption", detail.caption)
         .Add("normal", detail.normal)
         .Add("hint", detail.hint)
         .Add("code", std::int64_t{detail.code});
+    AddWords(line, words);
+  }
+
+  void ItemUntested(enmHardwareID category, const std::wstring& caption,
+                    const ItemWords& words) override {
+    if (!words.IsEmpty()) HeadingWords(category, caption, words);
+  }
+
+  void HeadingWords(enmHardwareID category, const std::wstring& caption,
+                    const ItemWords& words) override {
+    JsonLine line("words");
+    AddWords(line.Add("category", Number(category)).Add("caption", caption), words);
+  }
+
+  void CategoryWords(enmHardwareID category, const ItemWords& words) override {
+    JsonLine line("words");
+    AddWords(line.Add("category", Number(category)), words);
   }
 
   void CategoryUnknown(enmHardwareID category, const std::wstring& text) override {

@@ -18,13 +18,42 @@ class ReportCollector final : public RunPrinter {
   }
 
   void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
-    CategoryOf(category).items.emplace_back().caption = info.caption;
     next->ItemStart(category, info);
   }
 
-  void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail) override {
-    TakeResult(CategoryOf(category).items, detail);
-    next->ItemResult(category, detail);
+  void Heading(enmHardwareID category, const std::wstring& caption) override {
+    CategoryOf(category).items.push_back({ItemState::Heading, caption, {}, 0, {}});
+    next->Heading(category, caption);
+  }
+
+  void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail,
+                  const ItemWords& words) override {
+    const ItemState state = detail.normal ? ItemState::Normal : ItemState::Abnormal;
+    if (!detail.caption.empty())
+      CategoryOf(category).items.push_back(
+          {state, detail.caption, detail.hint, detail.code, words});
+    next->ItemResult(category, detail, words);
+  }
+
+  void ItemUntested(enmHardwareID category, const std::wstring& caption,
+                    const ItemWords& words) override {
+    CategoryOf(category).items.push_back({ItemState::NotTested, caption, {}, 0, words});
+    next->ItemUntested(category, caption, words);
+  }
+
+  void HeadingWords(enmHardwareID category, const std::wstring& caption,
+                    const ItemWords& words) override {
+    std::vector<ReportItem>& items = CategoryOf(category).items;
+    const auto heading = std::find_if(items.rbegin(), items.rend(), [](const ReportItem& item) {
+      return item.state == ItemState::Heading;
+    });
+    if (heading != items.rend()) heading->words = words;
+    next->HeadingWords(category, caption, words);
+  }
+
+  void CategoryWords(enmHardwareID category, const ItemWords& words) override {
+    CategoryOf(category).words = words;
+    next->CategoryWords(category, words);
   }
 
   void CategoryUnknown(enmHardwareID category, const std::wstring& text) override {
@@ -92,18 +121,6 @@ class ReportCollector final : public RunPrinter {
     added.id = id;
     added.caption = CaptionOf(id);
     return added;
-  }
-
-  // The result belongs to the announcement before it; one that was announced without a result
-  // before that was a heading.
-  static void TakeResult(std::vector<ReportItem>& items, const tagDetectItemDetail& detail) {
-    if (items.empty() || items.back().state != ItemState::NotTested) items.emplace_back();
-    if (detail.caption.empty()) return items.pop_back();
-    items.back() = {detail.normal ? ItemState::Normal : ItemState::Abnormal, detail.caption,
-                    detail.hint, detail.code};
-    if (items.size() < 2) return;
-    ReportItem& before = items[items.size() - 2];
-    if (before.state == ItemState::NotTested) before.state = ItemState::Heading;
   }
 
   RunReport& report;

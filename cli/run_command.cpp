@@ -3,6 +3,7 @@
 
 #include "cli/commands.h"
 #include "cli/interruptible.h"
+#include "cli/item_teller.h"
 #include "cli/repair_choice.h"
 #include "cli/report_file.h"
 #include "cli/run_printer.h"
@@ -39,11 +40,11 @@ class Diagnosis {
     engine.BeginDetectRun(
         selection,
         [this](enmHardwareID category, tagHardwareDetectInfo& info) {
-          printer.ItemStart(category, info);
+          items.ItemStart(category, info);
         },
         [this](enmHardwareID category, tagDetectItemDetail& detail) {
           if (!detail.normal) troubled.insert(category);
-          printer.ItemResult(category, detail);
+          items.ItemResult(category, detail);
         },
         [this](enmHardwareID category, const std::wstring& text) {
           printer.CategoryUnknown(category, text);
@@ -52,7 +53,10 @@ class Diagnosis {
           printer.RepairOffer(category, offer);
         },
         [this] { OnCancelled(); },
-        [this](int& abnormal, int& firstAbnormal) { printer.Finished(abnormal, firstAbnormal); },
+        [this](int& abnormal, int& firstAbnormal) {
+          items.End();
+          printer.Finished(abnormal, firstAbnormal);
+        },
         [this](const std::string& error) { OnFailed(error); });
     WaitForEnd();
   }
@@ -98,11 +102,13 @@ class Diagnosis {
  private:
   void OnCancelled() {
     ended = kCancelled;
+    items.End();
     printer.Cancelled();
   }
 
   void OnFailed(const std::string& error) {
     ended = kRunFailed;
+    items.End();
     printer.Failed(error);
   }
 
@@ -117,6 +123,7 @@ class Diagnosis {
 
   const std::vector<enmHardwareID> selection;
   RunPrinter& printer;
+  ItemTeller items{printer};
   std::set<enmHardwareID> troubled;  // categories with an abnormal item, disks included
   ExitStatus ended = kAllNormal;     // how the last run came to an end
   bool isKept = true;                // every record, read back

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/item_words.h"
 #include "platform/hardware_detect/detector.h"
 #include "sysdiagnose/engine/detect_item_detail.h"
 #include "sysdiagnose/records/history_record.h"
@@ -11,15 +12,33 @@
 namespace cli {
 
 /// Shows a detection run, and the repair run that may follow. The calls come on the run's thread,
-/// in its order; Record is called at the end of each run, by the main thread.
+/// in its order, those about items through an ItemTeller; Record is called at the end of each run,
+/// by the main thread.
 class RunPrinter {
  public:
   virtual ~RunPrinter() = default;
 
   virtual void ItemStart(orv::sysdiagnose::enmHardwareID category,
                          const orv::sysdiagnose::tagHardwareDetectInfo& info) = 0;
+
+  /// The announcement of this name is the heading of the items whose results follow.
+  virtual void Heading(orv::sysdiagnose::enmHardwareID category, const std::wstring& caption) = 0;
+
   virtual void ItemResult(orv::sysdiagnose::enmHardwareID category,
-                          const orv::sysdiagnose::tagDetectItemDetail& detail) = 0;
+                          const orv::sysdiagnose::tagDetectItemDetail& detail,
+                          const ItemWords& words) = 0;
+
+  /// The announcement of this name came to nothing.
+  virtual void ItemUntested(orv::sysdiagnose::enmHardwareID category, const std::wstring& caption,
+                            const ItemWords& words) = 0;
+
+  /// Was said of the last heading, none of whose items is abnormal. They have all been shown.
+  virtual void HeadingWords(orv::sysdiagnose::enmHardwareID category, const std::wstring& caption,
+                            const ItemWords& words) = 0;
+
+  /// Was said by a test of the category that is no item.
+  virtual void CategoryWords(orv::sysdiagnose::enmHardwareID category, const ItemWords& words) = 0;
+
   virtual void CategoryUnknown(orv::sysdiagnose::enmHardwareID category,
                                const std::wstring& text) = 0;
   virtual void RepairOffer(orv::sysdiagnose::enmHardwareID category,

@@ -23,6 +23,7 @@ struct ReportItem {
   std::wstring caption;
   std::wstring hint;  // what to do if it is abnormal; a normal item may have one too
   std::int32_t code = 0;
+  ItemWords words;
 };
 
 struct ReportRepair {
@@ -38,6 +39,7 @@ struct ReportCategory {
   std::vector<orv::sysdiagnose::HardwareInfoRow> information;  // an empty row ends a device
   std::string informationFault;                                // why there is none
   std::vector<ReportItem> items;
+  ItemWords words;                    // of a test that is no item
   std::vector<std::wstring> unknown;  // why the rest was left out
   std::wstring repairOffer;           // empty: none
   std::vector<ReportRepair> repairs;  // what was done

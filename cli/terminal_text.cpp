@@ -53,6 +53,22 @@ std::wstring Shortened(const std::wstring& text, std::size_t columns) {
   return fitting;
 }
 
+std::vector<std::wstring> Wrapped(const std::wstring& text, std::size_t columns) {
+  std::vector<std::wstring> lines;
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::wstring next = text.substr(at, 2 * columns + 1);  // two units a column at most
+    std::wstring line = Shortened(next, columns);
+    if (line.size() < next.size() && next[line.size()] != L' ') {
+      const std::size_t blank = line.rfind(L' ');
+      if (blank != std::wstring::npos && blank > 0) line.resize(blank);
+    }
+    at = std::min(text.find_first_not_of(L' ', at + line.size()), text.size());
+    lines.push_back(std::move(line));
+  }
+  return lines;
+}
+
 std::string Coloured(Colour colour, const std::string& text) {
   static const bool coloured = os::OutputIsTerminal();
   if (!coloured || text.empty()) return text;

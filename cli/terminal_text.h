@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "common/printable.h"
 
@@ -18,6 +19,9 @@ std::string Padded(const std::wstring& text, std::size_t columns);
 
 /// As much of the text's beginning as fits into a number of columns.
 std::wstring Shortened(const std::wstring& text, std::size_t columns);
+
+/// The text in lines of at most so many columns, broken at blanks where it can be.
+std::vector<std::wstring> Wrapped(const std::wstring& text, std::size_t columns);
 
 enum class Colour { Red, Green, Yellow, Grey, Bold };
 

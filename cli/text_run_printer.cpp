@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <map>
 #include <utility>
 
 #include "cli/commands.h"
@@ -16,12 +17,37 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
-constexpr const char* kCouldNotBeTested = "  (could not be tested)";
+constexpr std::size_t kLineColumns = 80;
+constexpr std::size_t kWordsIndent = 12;  // under the captions
+constexpr std::size_t kItemIndent = 2;
+constexpr std::size_t kNoteIndent = 4;
+
+// The lines of a text below another, set in.
+std::string Indented(const std::wstring& text, std::size_t indent) {
+  std::string lines;
+  for (const std::wstring& line : Wrapped(text, kLineColumns - indent))
+    lines += (lines.empty() ? "" : "\n") + std::string(indent, ' ') + Printable(line);
+  return lines;
+}
+
+std::vector<std::wstring> Sentences(const ItemWords& words) {
+  std::vector<std::wstring> sentences;
+  if (!words.detail.empty()) sentences.push_back(words.detail);
+  if (!words.notTested.empty()) sentences.push_back(L"could not be tested: " + words.notTested);
+  return sentences;
+}
+
+struct NoteLine {
+  std::wstring text;
+  std::vector<std::wstring> words;  // of the test library
+
+  bool operator==(const NoteLine&) const = default;
+};
 
 // What the closing summary says of one category.
 struct Trouble {
   enmHardwareID category;
-  std::vector<std::wstring> lines;
+  std::vector<NoteLine> lines;
   bool repairOffered = false;
 };
 
@@ -30,28 +56,54 @@ class TextRunPrinter final : public RunPrinter {
   explicit TextRunPrinter(std::vector<enmHardwareID> selected) : selection(std::move(selected)) {}
 
   void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
-    ShowHeading(entered && selection[position] == category ? "" : kCouldNotBeTested);
     EnterCategory(category);
-    announced = info.caption;
     live.Show("[" + std::to_string(position + 1) + "/" + std::to_string(selection.size()) + "] " +
               Printable(CaptionOf(category)) + "  " + Printable(info.caption) + "…");
   }
 
-  void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail) override {
-    announced.clear();
+  void Heading(enmHardwareID, const std::wstring& caption) override {
+    heading = caption;
+    headingWords.clear();
+    if (!caption.empty()) live.PrintAbove("  " + Printable(caption));
+  }
+
+  void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail,
+                  const ItemWords& words) override {
     if (detail.caption.empty()) return;
     live.PrintAbove(
         "  " +
         (detail.normal ? Coloured(Colour::Green, "ok      ") : Coloured(Colour::Red, "ABNORMAL")) +
         "  " + Printable(detail.caption));
+    std::vector<std::wstring> shown = Sentences(words);
+    if (detail.normal && detail.code == 0 && words.notTested.empty()) shown.clear();
+    if (!heading.empty() && !shown.empty() && std::exchange(headingWords, shown) == shown)
+      shown.clear();
+    PrintWords(shown);
     if (!detail.normal)
       Note(category, heading.empty() ? detail.caption : heading + L", " + detail.caption,
-           detail.hint);
+           detail.hint, shown);
+  }
+
+  void ItemUntested(enmHardwareID, const std::wstring& caption, const ItemWords& words) override {
+    if (caption.empty() && words.IsEmpty()) return;
+    live.PrintAbove("  " + Printable(caption) +
+                    (words.notTested.empty() ? "  (could not be tested)" : ""));
+    PrintWords(Sentences(words));
+  }
+
+  void HeadingWords(enmHardwareID, const std::wstring& caption, const ItemWords& words) override {
+    live.PrintAbove("  " + Printable(caption) + ":");
+    PrintWords(Sentences(words));
+  }
+
+  void CategoryWords(enmHardwareID category, const ItemWords& words) override {
+    PrintWords(Sentences(words), kItemIndent);
+    said[category] = Sentences(words);
   }
 
   void CategoryUnknown(enmHardwareID category, const std::wstring& text) override {
     live.PrintAbove("            " + Coloured(Colour::Yellow, Printable(text)));
-    Note(category, text, {});
+    Note(category, text, {}, {});
   }
 
   void RepairOffer(enmHardwareID category, const tagRepairItemInfo&) override {
@@ -59,14 +111,14 @@ class TextRunPrinter final : public RunPrinter {
   }
 
   void Cancelled() override {
-    End();
+    live.Clear();
     std::puts("\nThe run was cancelled.");
   }
 
-  void Finished(int, int) override { End(); }
+  void Finished(int, int) override { live.Clear(); }
 
   void Failed(const std::string& error) override {
-    End();
+    live.Clear();
     std::printf("\n%s %s\n", Coloured(Colour::Red, "The run failed:").c_str(),
                 Printable(common::Utf8ToWide(error)).c_str());
   }
@@ -120,11 +172,8 @@ class TextRunPrinter final : public RunPrinter {
     live.PrintAbove(Coloured(Colour::Bold, Printable(CaptionOf(category))));
   }
 
-  // An announcement without a result is the heading of what follows: the name of a disk.
-  void ShowHeading(const char* remark) {
-    if (announced.empty()) return;
-    heading = std::exchange(announced, {});
-    live.PrintAbove("  " + Printable(heading) + remark);
+  void PrintWords(const std::vector<std::wstring>& sentences, std::size_t indent = kWordsIndent) {
+    for (const std::wstring& sentence : sentences) live.PrintAbove(Indented(sentence, indent));
   }
 
   Trouble& TroubleOf(enmHardwareID category) {
@@ -135,15 +184,11 @@ class TextRunPrinter final : public RunPrinter {
     return troubles.emplace_back(Trouble{category, {}});
   }
 
-  void Note(enmHardwareID category, const std::wstring& what, const std::wstring& hint) {
-    std::wstring line = hint.empty() ? what : what + L": " + hint;
-    std::vector<std::wstring>& lines = TroubleOf(category).lines;
-    if (std::count(lines.begin(), lines.end(), line) == 0) lines.push_back(std::move(line));
-  }
-
-  void End() {
-    ShowHeading(kCouldNotBeTested);
-    live.Clear();
+  void Note(enmHardwareID category, const std::wstring& what, const std::wstring& hint,
+            const std::vector<std::wstring>& words) {
+    std::vector<NoteLine>& lines = TroubleOf(category).lines;
+    const NoteLine line{hint.empty() ? what : what + L": " + hint, words};
+    if (std::count(lines.begin(), lines.end(), line) == 0) lines.push_back(line);
   }
 
   // A category may be abnormal without an abnormal item: it is listed by its name alone.
@@ -158,17 +203,26 @@ class TextRunPrinter final : public RunPrinter {
     for (const Trouble& trouble : troubles) {
       std::printf("  %s%s\n", Coloured(Colour::Red, Printable(CaptionOf(trouble.category))).c_str(),
                   trouble.repairOffered ? " (a repair is offered)" : "");
-      for (const std::wstring& line : trouble.lines)
-        std::printf("    %s\n", Printable(line).c_str());
+      for (const NoteLine& line : trouble.lines) {
+        std::printf("    %s\n", Printable(line.text).c_str());
+        PrintNoted(line.words, kNoteIndent + 2);
+      }
+      PrintNoted(said[trouble.category], kNoteIndent);
     }
+  }
+
+  static void PrintNoted(const std::vector<std::wstring>& sentences, std::size_t indent) {
+    for (const std::wstring& sentence : sentences)
+      std::printf("%s\n", Indented(sentence, indent).c_str());
   }
 
   const std::vector<enmHardwareID> selection;
   const std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
   std::size_t position = 0;
   bool entered = false;
-  std::wstring announced;  // while it has no result
   std::wstring heading;
+  std::vector<std::wstring> headingWords;                   // last shown below it
+  std::map<enmHardwareID, std::vector<std::wstring>> said;  // by tests that are no items
   bool summed = false;
   std::vector<Trouble> troubles;
   LiveLine live;

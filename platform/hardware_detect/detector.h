@@ -1,16 +1,17 @@
 #pragma once
 
-#include <array>
-#include <atomic>
 #include <cstdint>
+#include <memory>
 #include <string>
 
-#include "platform/machine/interface/calls.h"
 #include "platform/os/export.h"
 
 namespace machine {
+enum class TestCall;
+enum class SupportCall;
+enum class RepairCall;
 struct TestAnswer;
-}
+}  // namespace machine
 
 namespace HardwareDetect {
 
@@ -34,24 +35,31 @@ struct tagHARDWARE_REPAIR_RESULT {
 /// that objects do not take each other's successive answers.
 class UTIL_API Detector {
  public:
-  Detector() = default;
+  Detector();
   Detector(const Detector&) = delete;
   Detector& operator=(const Detector&) = delete;
 
  protected:
-  ~Detector() = default;
+  ~Detector();
 
-  machine::TestAnswer Ask(machine::TestCall call, int disk = -1);
+  /// `disk` is the index of the disk that the call is about, or -1.
+  machine::TestAnswer Ask(machine::TestCall call, int disk);
+
+  /// As Ask, for the calls that hand out nothing beside the code.
+  std::uint32_t Ask(machine::TestCall call);
 
   /// As Ask, for the calls that hand out a text and return the code.
   std::uint32_t Ask(machine::TestCall call, std::wstring& text);
+
+  /// As Ask, for the calls that fill a result and return the code.
+  std::uint32_t Ask(machine::TestCall call, tagHARDWARE_DETECT_RESULT& result);
 
   bool IsSupported(machine::SupportCall call);
   tagHARDWARE_REPAIR_RESULT Repair(machine::RepairCall call, std::uint32_t code);
 
  private:
-  std::array<std::atomic<std::size_t>, machine::kCountOf<machine::TestCall>> tested{};
-  std::array<std::atomic<std::size_t>, machine::kCountOf<machine::RepairCall>> repaired{};
+  struct Calls;
+  const std::unique_ptr<Calls> calls;  // made so far
 };
 
 }  // namespace HardwareDetect

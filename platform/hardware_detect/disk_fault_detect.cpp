@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <map>
+#include <utility>
 #include <vector>
 
 #include "platform/hardware_detect/hardware_detect.h"
@@ -9,6 +11,9 @@ namespace {
 
 using machine::InfoCall;
 using machine::TestCall;
+
+static_assert(sizeof(tagHHD_DISK_SMART_INFO) == machine::kHddFlagCount);
+static_assert(sizeof(tagSSD_DISK_SMART_INFO) == machine::kSsdFlagCount);
 
 constexpr int kNoDisk = -1;
 
@@ -33,8 +38,15 @@ void CopyFlags(const std::vector<std::uint8_t>& from, std::uint8_t (&to)[Size]) 
 
 }  // namespace
 
+struct CDiskFaultDetect::Turns {
+  std::map<std::pair<TestCall, std::wstring>, std::size_t> taken;  // by kind and revision
+};
+
+CDiskFaultDetect::CDiskFaultDetect() : turns(std::make_unique<Turns>()) {}
+CDiskFaultDetect::~CDiskFaultDetect() = default;
+
 machine::TestAnswer CDiskFaultDetect::AskDisk(TestCall call, const std::wstring& firmwareRevision) {
-  const std::size_t turn = turns[{call, firmwareRevision}]++;
+  const std::size_t turn = turns->taken[{call, firmwareRevision}]++;
   return Ask(call, FindDisk(firmwareRevision, call == TestCall::DiskSsdSmart, turn));
 }
 

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <memory>
 #include <string>
-#include <utility>
 
 #include "platform/hardware_detect/detector.h"
 
@@ -15,6 +14,8 @@ namespace HardwareDetect {
 
 class UTIL_API CCpuTest : public Detector {
  public:
+  CCpuTest();
+  ~CCpuTest();
   bool IsSupportSSE();
   bool IsSupportSSE2();
   bool IsSupportSSSE3();
@@ -30,6 +31,8 @@ class UTIL_API CCpuTest : public Detector {
 
 class UTIL_API CMemFaultDetect : public Detector {
  public:
+  CMemFaultDetect();
+  ~CMemFaultDetect();
   std::uint32_t CheckStuckAddr(std::wstring& text, int& reserved);
   std::uint32_t CheckLineSeq(std::wstring& text, int& reserved);
   std::uint32_t CheckBlockSeq(std::wstring& text, int& reserved);
@@ -43,6 +46,8 @@ class UTIL_API CMemFaultDetect : public Detector {
 
 class UTIL_API CVideoCardDetect : public Detector {
  public:
+  CVideoCardDetect();
+  ~CVideoCardDetect();
   std::uint32_t CheckDevice(std::wstring& text);
   std::uint32_t CheckDeviceStatus(std::wstring& text);
   tagHARDWARE_REPAIR_RESULT RepairVIDEOCARDProblems(std::uint32_t code);
@@ -50,6 +55,8 @@ class UTIL_API CVideoCardDetect : public Detector {
 
 class UTIL_API CAudioDetect : public Detector {
  public:
+  CAudioDetect();
+  ~CAudioDetect();
   static CAudioDetect* GetInstance();
   std::uint32_t CheckDevice(std::wstring& text);
   std::uint32_t CheckLoopBack(std::wstring& text, int& reserved);
@@ -58,6 +65,8 @@ class UTIL_API CAudioDetect : public Detector {
 
 class UTIL_API WifiFaultDetect : public Detector {
  public:
+  WifiFaultDetect();
+  ~WifiFaultDetect();
   static WifiFaultDetect* GetInstance();
   std::uint32_t CheckDevice(std::wstring& text);
   std::uint32_t CheckNetworkCard(std::wstring& text);
@@ -69,6 +78,8 @@ class UTIL_API WifiFaultDetect : public Detector {
 
 class UTIL_API CBatteryDetect : public Detector {
  public:
+  CBatteryDetect();
+  ~CBatteryDetect();
   std::uint32_t CheckDevice(std::wstring& text);
   std::uint32_t TestVoltage(std::wstring& text);
   std::uint32_t TestLoss(std::wstring& text);
@@ -76,6 +87,8 @@ class UTIL_API CBatteryDetect : public Detector {
 
 class UTIL_API CKeyBoardDetect : public Detector {
  public:
+  CKeyBoardDetect();
+  ~CKeyBoardDetect();
   std::uint32_t DetetctFilterKey();
   std::uint32_t DetetctHotKey();
   tagHARDWARE_REPAIR_RESULT CloseFilterKey();
@@ -84,6 +97,8 @@ class UTIL_API CKeyBoardDetect : public Detector {
 
 class UTIL_API CBluetoothDetect : public Detector {
  public:
+  CBluetoothDetect();
+  ~CBluetoothDetect();
   bool IsSurportBt();
   std::uint32_t CheckDevice();
   std::uint32_t CheckState();
@@ -92,6 +107,8 @@ class UTIL_API CBluetoothDetect : public Detector {
 
 class UTIL_API CBiometricDetect : public Detector {
  public:
+  CBiometricDetect();
+  ~CBiometricDetect();
   std::uint32_t CheckDevice(tagHARDWARE_DETECT_RESULT& result);
   std::uint32_t CheckFunction(tagHARDWARE_DETECT_RESULT& result);
   tagHARDWARE_REPAIR_RESULT RepairByErrorCode(std::uint32_t code);
@@ -99,16 +116,18 @@ class UTIL_API CBiometricDetect : public Detector {
 
 /// One byte per SMART attribute of a disk, in the library's order; 0 is within limits.
 struct tagHHD_DISK_SMART_INFO {
-  std::uint8_t flags[machine::kHddFlagCount];
+  std::uint8_t flags[24];
 };
 struct tagSSD_DISK_SMART_INFO {
-  std::uint8_t flags[machine::kSsdFlagCount];
+  std::uint8_t flags[22];
 };
 
 /// Checks the disk that has this firmware revision: 1 healthy, 2 cannot be read, anything else
 /// failing. Disks of one revision take their answers in disk order, one a call.
 class UTIL_API CDiskFaultDetect : public Detector {
  public:
+  CDiskFaultDetect();
+  ~CDiskFaultDetect();
   std::uint32_t CheckHhdSmartResult(const std::wstring& firmwareRevision,
                                     tagHHD_DISK_SMART_INFO& flags, int& reserved);
   std::uint32_t CheckSsdSmartResult(const std::wstring& firmwareRevision,
@@ -117,7 +136,8 @@ class UTIL_API CDiskFaultDetect : public Detector {
  private:
   machine::TestAnswer AskDisk(machine::TestCall call, const std::wstring& firmwareRevision);
 
-  std::map<std::pair<machine::TestCall, std::wstring>, std::size_t> turns;  // calls made so far
+  struct Turns;
+  const std::unique_ptr<Turns> turns;
 };
 
 }  // namespace HardwareDetect

@@ -70,7 +70,7 @@ void Announce(const CategoryRow& row, const TestItem& item, bool first,
               const CategoryCallbacks& callbacks) {
   tagHardwareDetectInfo info;
   info.caption = CaptionText(item.announcedAs == nullptr ? item.caption : item.announcedAs);
-  info.repairCommand = item.repairCommand;
+  info.repairCommand = NameOf(item.repair);
   if (first) info.repairFailureText = Resolve(row.failureText);
   callbacks.itemStart(row.category, info);
 }
@@ -98,8 +98,8 @@ void NoteResult(const TestItem& item, const tagDetectItemDetail& detail, Categor
   if (detail.normal) return;
   outcome.normal = false;
   if (outcome.text.empty()) outcome.text = detail.hint;
-  if (*item.repairCommand != L'\0')
-    outcome.repairs.push_back({{}, false, item.repairCommand, std::to_wstring(detail.code)});
+  if (item.repair != RepairCommand::None)
+    outcome.repairs.push_back({{}, false, NameOf(item.repair), std::to_wstring(detail.code)});
 }
 
 SequenceResult RunItems(const CategoryRow& row, TestObjects& objects,

@@ -28,11 +28,9 @@ class HardwareRepairHelper {
 
  private:
   enum Lock { Wireless, Keyboard, Audio, Bluetooth, Graphics, Fingerprint, LockCount };
+  struct CommandRow;
   using Result = HardwareDetect::tagHARDWARE_REPAIR_RESULT;
   using BoundCommand = std::function<void(Result& result, const std::wstring& parameter)>;
-
-  template <typename Function>
-  BoundCommand Bind(Lock lock, Function repair);
 
   HardwareDetect::CKeyBoardDetect keyboard;
   HardwareDetect::CBluetoothDetect bluetooth;

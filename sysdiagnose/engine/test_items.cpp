@@ -13,6 +13,7 @@ namespace {
 
 using namespace HardwareDetect;
 using Category = enmHardwareID;
+using enum RepairCommand;
 
 // The loop-back test with processor load and clock sampled around it.
 RawResult CheckLoopBackSampled(TestObjects& objects) {
@@ -23,25 +24,16 @@ RawResult CheckLoopBackSampled(TestObjects& objects) {
   return result;
 }
 
-constexpr const wchar_t* kVideo = L"RepairVideoCard";
-constexpr const wchar_t* kAudio = L"RepairAudio";
-constexpr const wchar_t* kWifiDriver = L"RepairWifiDriver";
-constexpr const wchar_t* kWifi = L"RepairWifiProblem";
-constexpr const wchar_t* kFilterKey = L"RepairFilterKey";
-constexpr const wchar_t* kHotkey = L"RepairHotkey";
-constexpr const wchar_t* kBluetooth = L"RepairBluetooth";
-constexpr const wchar_t* kFingerprint = L"RepairFingerprint";
-
 // In running order within a category. Battery and fingerprint items share the captions of other
 // devices, the SSE3 item the support check of SSE: owners know these texts.
 // clang-format off
 constexpr auto kItems = std::to_array<TestItem>({
-    {Category::Processor, L"CPU_SSE", &Call<&CCpuTest::TestSSE>, Normal::Always, kNoHint, L"", &Supports<&CCpuTest::IsSupportSSE>},
-    {Category::Processor, L"CPU_SSE2", &Call<&CCpuTest::TestSSE2>, Normal::Always, kNoHint, L"", &Supports<&CCpuTest::IsSupportSSE2>},
-    {Category::Processor, L"CPU_SSE3", &Call<&CCpuTest::TestSSE3>, Normal::Always, kNoHint, L"", &Supports<&CCpuTest::IsSupportSSE>},
-    {Category::Processor, L"CPU_SSSE3", &Call<&CCpuTest::TestSSSE3>, Normal::Always, kNoHint, L"", &Supports<&CCpuTest::IsSupportSSSE3>},
-    {Category::Processor, L"CPU_SSE41", &Call<&CCpuTest::TestSSE41>, Normal::Always, kNoHint, L"", &Supports<&CCpuTest::IsSupportSSE41>},
-    {Category::Processor, L"CPU_SSE42", &Call<&CCpuTest::TestSSE42>, Normal::Always, kNoHint, L"", &Supports<&CCpuTest::IsSupportSSE42>},
+    {Category::Processor, L"CPU_SSE", &Call<&CCpuTest::TestSSE>, Normal::Always, kNoHint, None, &Supports<&CCpuTest::IsSupportSSE>},
+    {Category::Processor, L"CPU_SSE2", &Call<&CCpuTest::TestSSE2>, Normal::Always, kNoHint, None, &Supports<&CCpuTest::IsSupportSSE2>},
+    {Category::Processor, L"CPU_SSE3", &Call<&CCpuTest::TestSSE3>, Normal::Always, kNoHint, None, &Supports<&CCpuTest::IsSupportSSE>},
+    {Category::Processor, L"CPU_SSSE3", &Call<&CCpuTest::TestSSSE3>, Normal::Always, kNoHint, None, &Supports<&CCpuTest::IsSupportSSSE3>},
+    {Category::Processor, L"CPU_SSE41", &Call<&CCpuTest::TestSSE41>, Normal::Always, kNoHint, None, &Supports<&CCpuTest::IsSupportSSE41>},
+    {Category::Processor, L"CPU_SSE42", &Call<&CCpuTest::TestSSE42>, Normal::Always, kNoHint, None, &Supports<&CCpuTest::IsSupportSSE42>},
     {Category::Motherboard, L"MOT_FAST", nullptr, Normal::Always, kNoHint},
     {Category::Memory, L"MEM_FAST", &Call<&CMemFaultDetect::CheckStuckAddr>, Normal::WhenZero, kHintFromCode},
     {Category::Memory, L"MEM_CONTINUE_INC_RW", &Call<&CMemFaultDetect::CheckLineSeq>, Normal::WhenZero, kHintFromCode},
@@ -52,24 +44,24 @@ constexpr auto kItems = std::to_array<TestItem>({
     {Category::Memory, L"MEM_ARITH", &Call<&CMemFaultDetect::CheckArithOperation>, Normal::WhenZero, kHintFromCode},
     {Category::Memory, L"MEM_LOGIC", &Call<&CMemFaultDetect::CheckLogicOperation>, Normal::WhenZero, kHintFromCode},
     {Category::Memory, L"MEM_BIT_FLIP", &Call<&CMemFaultDetect::CheckBitFlip>, Normal::WhenZero, kHintFromCode},
-    {Category::GraphicsCard, L"GPU_DEVICE", &Call<&CVideoCardDetect::CheckDevice>, Normal::WhenZero, kCheckDriverHint, kVideo},
-    {Category::GraphicsCard, L"GPU_STATE", &Call<&CVideoCardDetect::CheckDeviceStatus>, Normal::WhenZero, kCheckDriverHint, kVideo},
+    {Category::GraphicsCard, L"GPU_DEVICE", &Call<&CVideoCardDetect::CheckDevice>, Normal::WhenZero, kCheckDriverHint, VideoCard},
+    {Category::GraphicsCard, L"GPU_STATE", &Call<&CVideoCardDetect::CheckDeviceStatus>, Normal::WhenZero, kCheckDriverHint, VideoCard},
     {Category::Display, L"DISPLAY_FAST", nullptr, Normal::Always, kNoHint},
-    {Category::Audio, L"AUDIO_DEVICE", &Call<&CAudioDetect::CheckDevice>, Normal::WhenZero, kCheckDriverHint, kAudio},
-    {Category::Audio, L"AUDIO_LOOPBACK", &CheckLoopBackSampled, Normal::WhenZero, kCheckDriverHint, kAudio},
-    {Category::NetworkCard, L"NETCARD_DEVICE", &Call<&WifiFaultDetect::CheckDevice>, Normal::WhenZero, kCheckDriverHint, kWifiDriver, nullptr, L"AUDIO_DEVICE"},
-    {Category::NetworkCard, L"NETCARD_ADAPTER", &Call<&WifiFaultDetect::CheckNetworkCard>, Normal::WhenZero, kCheckDriverHint, kWifi},
-    {Category::NetworkCard, L"WIFI_SWITCH", &Call<&WifiFaultDetect::CheckWifiSwitch>, Normal::WhenZero, kCheckDriverHint, kWifi},
-    {Category::NetworkCard, L"NETCARD_SIGNAL", &Call<&WifiFaultDetect::CheckWifiSignal>, Normal::WhenZero, kWeakSignalHint, kWifi},
+    {Category::Audio, L"AUDIO_DEVICE", &Call<&CAudioDetect::CheckDevice>, Normal::WhenZero, kCheckDriverHint, Audio},
+    {Category::Audio, L"AUDIO_LOOPBACK", &CheckLoopBackSampled, Normal::WhenZero, kCheckDriverHint, Audio},
+    {Category::NetworkCard, L"NETCARD_DEVICE", &Call<&WifiFaultDetect::CheckDevice>, Normal::WhenZero, kCheckDriverHint, WifiDriver, nullptr, L"AUDIO_DEVICE"},
+    {Category::NetworkCard, L"NETCARD_ADAPTER", &Call<&WifiFaultDetect::CheckNetworkCard>, Normal::WhenZero, kCheckDriverHint, WifiProblem},
+    {Category::NetworkCard, L"WIFI_SWITCH", &Call<&WifiFaultDetect::CheckWifiSwitch>, Normal::WhenZero, kCheckDriverHint, WifiProblem},
+    {Category::NetworkCard, L"NETCARD_SIGNAL", &Call<&WifiFaultDetect::CheckWifiSignal>, Normal::WhenZero, kWeakSignalHint, WifiProblem},
     {Category::Battery, L"NETCARD_DEVICE", &Call<&CBatteryDetect::CheckDevice>, Normal::WhenZero, kBatteryUnknownHint},
     {Category::Battery, L"BAT_VOLTAGE", &Call<&CBatteryDetect::TestVoltage>, Normal::WhenZero, kLowVoltageHint},
     {Category::Battery, nullptr, &Call<&CBatteryDetect::TestLoss>, Normal::WhenZero, kNoHint},
-    {Category::Keyboard, L"KEYBOARD_FILTER", &Call<&CKeyBoardDetect::DetetctFilterKey>, Normal::WhenZero, kFilterKeysHint, kFilterKey},
-    {Category::Keyboard, L"KEYBOARD_HOTKEY", &Call<&CKeyBoardDetect::DetetctHotKey>, Normal::WhenZero, kHotkeyHint, kHotkey},
-    {Category::Bluetooth, L"BLUETOOTH_DEVICE", &Call<&CBluetoothDetect::CheckDevice>, Normal::WhenZero, kCheckDriverHint, kBluetooth},
-    {Category::Bluetooth, L"BLUETOOTH_STATUS", &Call<&CBluetoothDetect::CheckState>, Normal::WhenZero, kCheckDriverHint, kBluetooth},
-    {Category::Fingerprint, L"NETCARD_DEVICE", &Call<&CBiometricDetect::CheckDevice>, Normal::WhenPassed, kCheckDriverHint, kFingerprint},
-    {Category::Fingerprint, L"BLUETOOTH_STATUS", &Call<&CBiometricDetect::CheckFunction>, Normal::WhenPassed, kCheckDriverHint, kFingerprint},
+    {Category::Keyboard, L"KEYBOARD_FILTER", &Call<&CKeyBoardDetect::DetetctFilterKey>, Normal::WhenZero, kFilterKeysHint, FilterKey},
+    {Category::Keyboard, L"KEYBOARD_HOTKEY", &Call<&CKeyBoardDetect::DetetctHotKey>, Normal::WhenZero, kHotkeyHint, Hotkey},
+    {Category::Bluetooth, L"BLUETOOTH_DEVICE", &Call<&CBluetoothDetect::CheckDevice>, Normal::WhenZero, kCheckDriverHint, Bluetooth},
+    {Category::Bluetooth, L"BLUETOOTH_STATUS", &Call<&CBluetoothDetect::CheckState>, Normal::WhenZero, kCheckDriverHint, Bluetooth},
+    {Category::Fingerprint, L"NETCARD_DEVICE", &Call<&CBiometricDetect::CheckDevice>, Normal::WhenPassed, kCheckDriverHint, Fingerprint},
+    {Category::Fingerprint, L"BLUETOOTH_STATUS", &Call<&CBiometricDetect::CheckFunction>, Normal::WhenPassed, kCheckDriverHint, Fingerprint},
 });
 // clang-format on
 static_assert(kItems.size() == 34);

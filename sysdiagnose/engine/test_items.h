@@ -5,6 +5,7 @@
 
 #include "sysdiagnose/base/hardware_id.h"
 #include "sysdiagnose/engine/detect_item_detail.h"
+#include "sysdiagnose/engine/repair_commands.h"
 #include "sysdiagnose/engine/test_objects.h"
 
 namespace orv::sysdiagnose {
@@ -22,7 +23,7 @@ struct TestItem {
   RawResult (*test)(TestObjects&);  // null: nothing to call, code 0
   Normal normal;
   std::int32_t hint;
-  const wchar_t* repairCommand = L"";
+  RepairCommand repair = RepairCommand::None;
   bool (*supported)(TestObjects&) = nullptr;  // null: always run
   const wchar_t* announcedAs = nullptr;       // null: as its caption
 };

@@ -100,6 +100,7 @@ TEST(RecordTest, FaultsAndTheAnswersOfEachDiskAreRecorded) {
     "tests": {
       "CDiskFaultDetect::CheckSsdSmartResult": [1, {"code": 0, "flags": [0, 7, 0]}, {"code": 0, "flags": [0, 7]}],
       "CBatteryDetect::TestLoss": {"throws": "library fault"},
+      "CCpuTest::TestSSE": {"code": 1, "notTested": "no such instructions"},
       "CBiometricDetect::CheckFunction": {"code": -4, "pass": true}}})");
   const std::string recording = program.Path("recording.json");
   ASSERT_EQ(program.RunOn(machine, {"record", recording, "--tests"}).exitStatus, 0);
@@ -108,6 +109,8 @@ TEST(RecordTest, FaultsAndTheAnswersOfEachDiskAreRecorded) {
   EXPECT_THAT(json,
               HasSubstr(R"("CDiskFaultDetect::CheckSsdSmartResult":[1,{"code":0,"flags":[0,7]}])"));
   EXPECT_THAT(json, HasSubstr(R"("CBatteryDetect::TestLoss":{"throws":"libraryfault"})"));
+  EXPECT_THAT(json,
+              HasSubstr(R"("CCpuTest::TestSSE":{"code":1,"notTested":"nosuchinstructions"})"));
   EXPECT_THAT(json, HasSubstr(R"("CBiometricDetect::CheckFunction":-4)"));
   EXPECT_EQ(Behaviour(program, recording), Behaviour(program, machine));
 }

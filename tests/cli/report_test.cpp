@@ -102,6 +102,8 @@ TEST(ReportTest, NoExportHoldsASerialNumberOrAnAddress) {
                       ids.all[3] + R"("}},
       "tests": {"WifiFaultDetect::CheckWifiSignal": {"code": 3, "text": "at )" +
                       known + R"("},
+        "CDiskFaultDetect::CheckSsdSmartResult": {"code": 2, "notTested": "locked )" +
+                      disk + R"("},
         "CAudioDetect::CheckDevice": {"throws": "device )" +
                       unknown + " on " + board + R"("}}})");
 
@@ -178,6 +180,52 @@ TEST(ReportTest, TheDataTellWhatTheRunTold) {
   EXPECT_EQ(reported, told);
   EXPECT_EQ(report["categories"].Size(), 12U);
   EXPECT_EQ(report["history"].Size(), 1U);
+}
+
+// A disk's words go with its abnormal tests, or with the disk where it has none.
+TEST(ReportTest, WhatALibrarySaysStandsWithWhatItIsAbout) {
+  const Program program;
+  const std::string machine = program.Machine(R"({
+      "info": {"CDisk": {"GetCaption": ["A", "B", "C", "D"], "JudgeSSd": [true, true, true, true]}},
+      "tests": {"CDiskFaultDetect::CheckSsdSmartResult": [
+                  {"code": 0, "text": "failing", "flags": [0, 1]}, {"code": 2, "notTested": "locked"},
+                  {"text": "warm"}, 2],
+                "CMemFaultDetect::CheckBoard": {"code": 1, "text": "at 0x8"},
+                "CBatteryDetect::TestLoss": {"code": 4, "text": "worn"}}})");
+  const std::string file = program.Path("report.json");
+  const auto run =
+      program.RunOn(machine, {"--json", "run", "memory", "disk", "battery", "--report", file});
+
+  std::vector<std::string> told, reported;
+  const auto note = [](std::vector<std::string>& notes, const rapidjson::Value& said,
+                       const char* caption) {
+    for (const char* key : {"detail", "notTested"})
+      if (said.HasMember(key))
+        notes.push_back(std::string(caption) + " " + key + " " + said[key].GetString());
+  };
+  std::istringstream lines(run.output);
+  for (std::string line; std::getline(lines, line);) {
+    const rapidjson::Document event = Json(line);
+    note(told, event, event.HasMember("caption") ? event["caption"].GetString() : "-");
+  }
+  const rapidjson::Document report = Json(ReadText(file));
+  for (const rapidjson::Value& category : report["categories"].GetArray()) {
+    for (const rapidjson::Value& item : category["items"].GetArray())
+      note(reported, item, item["caption"].GetString());
+    note(reported, category, "-");
+  }
+  EXPECT_THAT(
+      told, testing::ElementsAre("Checkerboard detail at 0x8", "Reallocated sectors detail failing",
+                                 "B notTested locked", "C detail warm", "- detail worn"));
+  EXPECT_EQ(reported, told);
+  const auto disks = report["categories"][1]["items"].GetArray();
+  EXPECT_STREQ(disks[disks.Size() - 1]["caption"].GetString(), "D");
+  EXPECT_STREQ(disks[disks.Size() - 1]["state"].GetString(), "notTested");
+
+  const std::string page = program.Path("report.html");
+  program.RunOn(machine, {"run", "memory", "disk", "battery", "--report", page});
+  for (const char* said : {">at 0x8<", ">failing<", ": locked<", ">warm<", ">worn<"})
+    EXPECT_THAT(ReadText(page), HasSubstr(said));
 }
 
 TEST(ReportTest, ThePictureShowsADayForEachOfTheLastNinetyWithARun) {

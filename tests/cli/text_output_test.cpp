@@ -64,4 +64,27 @@ TEST_F(TextOutputTest, ARunNamesEveryDiskAndEveryAbnormalCategory) {
   EXPECT_NE(text.find(end), std::string::npos) << text;
 }
 
+TEST_F(TextOutputTest, WhatALibrarySaysStandsBelowItsLineWithinEightyColumns) {
+  const std::string machine = (folder.path / "machine.json").string();
+  WriteText(machine, R"({"info":{"CDisk":{"GetCaption":["Disk A","Disk B","Disk C"]}},
+      "tests":{"CDiskFaultDetect::CheckHhdSmartResult":[2,{"code":2,"notTested":"no right"},
+                   {"code":0,"text":"read only","flags":[1,1]}],
+               "CCpuTest::TestSSE2":{"code":0,"text":"fast"},
+               "CMemFaultDetect::CheckBitFlip":{"code":1,
+                   "text":"memory at offset 0x1234567890 reads 0xaaaaaaaaaaaaaaab instead of another"}}})");
+  const std::string text = Show(machine, {"run", "disk", "memory", "processor"});
+  const std::string line = "            ";
+  for (const std::string& part :
+       {"  Disk A  (could not be tested)\n  Disk B\n" + line +
+            "could not be tested: no right\n  Disk C\n  ABNORMAL  IDS_HARDWARE_DIAGNOSE_DISK_01\n" +
+            line + "read only\n  ABNORMAL  IDS_HARDWARE_DIAGNOSE_DISK_03\n  ok",
+        "MEM_BIT_FLIP\n" + line +
+            "memory at offset 0x1234567890 reads 0xaaaaaaaaaaaaaaab instead of\n" + line +
+            "another\n",
+        std::string("    Disk C, IDS_HARDWARE_DIAGNOSE_DISK_01\n      read only\n"
+                    "    Disk C, IDS_HARDWARE_DIAGNOSE_DISK_03\n")})
+    EXPECT_NE(text.find(part), std::string::npos) << part << text;
+  EXPECT_EQ(text.find("fast"), std::string::npos) << text;
+}
+
 }  // namespace

@@ -6,7 +6,10 @@
 #include <functional>
 #include <numeric>
 
+#include "platform/hardware_detect/answer_observer.h"
 #include "platform/machine/current.h"
+#include "tests/support/fake_machine.h"
+#include "tests/support/test_log.h"
 
 namespace HardwareDetect {
 namespace {
@@ -177,6 +180,48 @@ TEST_F(HardwareDetectTest, FlagsThatAreNotAnsweredAreZero) {
   EXPECT_EQ(flags.flags[0], 7);
   EXPECT_EQ(flags.flags[1], 8);
   EXPECT_TRUE(std::all_of(flags.flags + 2, std::end(flags.flags), [](int flag) { return !flag; }));
+}
+
+// One disk, and a memory test that meets a serial number.
+class SpeakingMachine final : public FakeMachine {
+ public:
+  SpeakingMachine() {
+    inventory.Set(machine::InfoCall::DiskFirmwareRevision, std::wstring(L"FW1"));
+    inventory.Set(machine::InfoCall::DiskSerialNumber, std::wstring(L"SN-DISK-1"));
+  }
+  machine::TestAnswer Test(machine::TestCall call, std::size_t, int) override {
+    if (call == machine::TestCall::DiskHddSmart) return {2, L"", false, {}, L"no right"};
+    if (call == machine::TestCall::MemoryRandom) return {1, L"bit on SN-DISK-1", false, {}};
+    return {};
+  }
+};
+
+TEST(AnswerObserver, HearsTheWordsOfEachAnswerAndTheLogHidesIdentifiers) {
+  machine::SetCurrent(std::make_unique<SpeakingMachine>());
+  TestLog::Instance().Take();
+  std::vector<std::tuple<std::string, std::wstring, std::wstring, int>> heard;
+  SetAnswerObserver([&heard](const AnswerWords& words) {
+    heard.emplace_back(words.call, words.text, words.notTested, words.disk);
+  });
+  std::wstring text;
+  int reserved = 1;
+  tagHHD_DISK_SMART_INFO flags;
+  CMemFaultDetect().CheckRandom(text, reserved);
+  CKeyBoardDetect().DetetctHotKey();
+  CDiskFaultDetect().CheckHhdSmartResult(L"FW1", flags, reserved);
+  SetAnswerObserver({});
+  CMemFaultDetect().CheckRandom(text, reserved);
+  machine::SetCurrent(nullptr);
+
+  EXPECT_THAT(
+      heard, ElementsAre(std::tuple("CMemFaultDetect::CheckRandom", L"bit on SN-DISK-1", L"", -1),
+                         std::tuple("CKeyBoardDetect::DetetctHotKey", L"", L"", -1),
+                         std::tuple("CDiskFaultDetect::CheckHhdSmartResult", L"", L"no right", 0)));
+  const std::string log = TestLog::Instance().Take();
+  EXPECT_THAT(log, testing::HasSubstr("CheckRandom, says: bit on #"));
+  EXPECT_THAT(log, testing::HasSubstr("CheckHhdSmartResult, disk 0, could not be made: no right"));
+  EXPECT_THAT(log, testing::Not(testing::HasSubstr("SN-DISK-1")));
+  EXPECT_THAT(log, testing::Not(testing::HasSubstr("DetetctHotKey")));
 }
 
 }  // namespace

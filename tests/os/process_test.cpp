@@ -35,7 +35,9 @@ TEST(RunProcess, HandsBackOutputAndExitStatus) {
 
 TEST(RunProcess, GivesNothingForWhatCannotBeStarted) {
   EXPECT_FALSE(os::RunProcess({}, 20s));
-  EXPECT_FALSE(os::RunProcess({"no-such-program-anywhere"}, 20s));
+  std::string fault;
+  EXPECT_FALSE(os::RunProcess({"no-such-program-anywhere"}, 20s, &fault));
+  EXPECT_EQ(fault, "is not installed");
 }
 
 TEST(RunProcess, TakesFourMebibytesAndNoMore) {

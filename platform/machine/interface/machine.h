@@ -18,6 +18,7 @@ struct TestAnswer {
   std::wstring text;
   bool pass = true;
   std::vector<std::uint8_t> flags;  // SMART attributes out of limits, in the call's flag order
+  std::wstring notTested{};         // why the test could not be made; empty when it was
 };
 
 struct RepairAnswer {

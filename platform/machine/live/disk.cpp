@@ -29,7 +29,7 @@ void ReadDisks(Devices& devices) {
 
 TestAnswer TestSmart(const Devices& devices, TestCall call, int disk) {
   if (disk < 0 || static_cast<std::size_t>(disk) >= devices.disks.size())
-    return UnreadableDisk(call);
+    return UnreadableDisk(call, L"there is no such disk");
   return AskSmartTool(call, devices.disks[static_cast<std::size_t>(disk)].device);
 }
 

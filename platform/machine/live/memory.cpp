@@ -42,7 +42,7 @@ TestAnswer RunTest(const Devices&, TestCall call, int) {
   for (std::size_t size = MemoryBuffer::FittingSize(); !buffer && size >= MemoryBuffer::kSmallest;
        size /= 2)
     buffer = MemoryBuffer::Allocate(size);
-  if (!buffer) return {kNoMemory, L"there is no memory to test", false, {}};
+  if (!buffer) return {kNoMemory, L"", false, {}, L"there is no memory to test"};
   return TestMemory(call, buffer->Words());
 }
 

@@ -162,24 +162,39 @@ std::optional<bool> IsFailing(const Value& report) {
   return !passed->GetBool();
 }
 
+/// The errors that the tool tells of, such as a missing right.
+std::wstring WhyNoVerdict(const Value& report) {
+  std::wstring reasons;
+  const Value* const messages = Member(Member(&report, "smartctl"), "messages");
+  if (messages != nullptr && messages->IsArray()) {
+    for (const Value& message : messages->GetArray()) {
+      if (!message.IsObject() || Text(message, "severity") != "error") continue;
+      reasons += (reasons.empty() ? L"" : L", ") + common::Utf8ToWide(Text(message, "string"));
+    }
+  }
+  return reasons.empty() ? L"the disk does not tell its health" : reasons;
+}
+
 }  // namespace
 
-TestAnswer UnreadableDisk(TestCall test) {
+TestAnswer UnreadableDisk(TestCall test, const std::wstring& reason) {
   TestAnswer answer;
   answer.code = kUnreadable;
-  answer.text = L"the disk's health cannot be read";
+  answer.notTested = reason;
   answer.flags.assign(AttributesOf(test).size(), 0);
   return answer;
 }
 
 TestAnswer ParseSmartReport(TestCall test, std::string_view json) {
-  TestAnswer answer = UnreadableDisk(test);
+  if (json.empty()) return UnreadableDisk(test, L"smartctl says nothing");
   rapidjson::Document report;
   report.Parse<rapidjson::kParseIterativeFlag>(json.data(), json.size());
-  if (report.HasParseError()) return answer;
+  if (report.HasParseError()) return UnreadableDisk(test, L"smartctl gives no report");
   const std::optional<bool> isFailing = IsFailing(report);
-  if (!isFailing) return answer;
+  if (!isFailing) return UnreadableDisk(test, WhyNoVerdict(report));
 
+  TestAnswer answer;
+  answer.flags.assign(AttributesOf(test).size(), 0);
   Findings findings(test, answer.flags);
   ReadAtaAttributes(report, findings);
   ReadNvmeLog(report, findings);

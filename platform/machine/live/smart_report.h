@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/machine/interface/calls.h"
@@ -9,7 +10,7 @@ namespace machine {
 
 /// The answer of a SMART test (DiskHddSmart or DiskSsdSmart) for what `smartctl --json -a` printed
 /// about the disk, see the smartmontools project. A text that is no such report, or one without the
-/// drive's verdict, is a disk that cannot be read.
+/// drive's verdict, is a disk that cannot be read; the tool's own errors are the reason.
 ///
 /// An attribute is out of limits when the drive says that it failed, now or earlier, or when its
 /// value has come down to its threshold. Of an NVMe health log, spare blocks below their threshold
@@ -21,7 +22,7 @@ namespace machine {
 /// in words.
 TestAnswer ParseSmartReport(TestCall test, std::string_view json);
 
-/// The answer for a disk that cannot be read, all attributes within limits.
-TestAnswer UnreadableDisk(TestCall test);
+/// The answer for a disk that cannot be read, for this reason; all attributes within limits.
+TestAnswer UnreadableDisk(TestCall test, const std::wstring& reason);
 
 }  // namespace machine

@@ -10,6 +10,7 @@ constexpr std::uint64_t kMaxDelayMs = 600'000;
 // What the answers of one call may say.
 struct AnswerShape {
   std::uint32_t passedCode = 0;
+  bool isTest = false;
   std::size_t flagCount = 0;
   bool hasPass = false;
   bool hasRestart = false;
@@ -38,6 +39,10 @@ constexpr auto kMembers = std::to_array<MemberRow>({
     {"text", Always,
      [](const JsonNode& node, const AnswerShape&, RecordedAnswer& answer) {
        answer.text = node.Text();
+     }},
+    {"notTested", [](const AnswerShape& shape) { return shape.isTest; },
+     [](const JsonNode& node, const AnswerShape&, RecordedAnswer& answer) {
+       answer.notTested = node.Text();
      }},
     {"pass", [](const AnswerShape& shape) { return shape.hasPass; },
      [](const JsonNode& node, const AnswerShape&, RecordedAnswer& answer) {
@@ -84,8 +89,10 @@ RecordedAnswers ReadAnswers(const JsonNode& node, const AnswerShape& shape) {
 }
 
 AnswerShape ShapeOf(const TestCallRow& row) {
-  return {
-      .passedCode = PassedCode(row), .flagCount = row.flagCount, .hasPass = HasVerdict(row.call)};
+  return {.passedCode = PassedCode(row),
+          .isTest = true,
+          .flagCount = row.flagCount,
+          .hasPass = HasVerdict(row.call)};
 }
 
 }  // namespace

@@ -66,8 +66,8 @@ bool IsToBeWritten(const Inventory& info, const InfoCallRow& row) {
 }
 
 bool operator==(const RecordedAnswer& one, const RecordedAnswer& other) {
-  return one.code == other.code && one.text == other.text && one.pass == other.pass &&
-         one.flags == other.flags && one.fault == other.fault;
+  return one.code == other.code && one.text == other.text && one.notTested == other.notTested &&
+         one.pass == other.pass && one.flags == other.flags && one.fault == other.fault;
 }
 
 // The text goes through the wide form, which mends malformed UTF-8.
@@ -139,6 +139,7 @@ Value FileBuilder::Answer(const RecordedAnswer& answer, std::uint32_t passedCode
   Value object(rapidjson::kObjectType);
   if (answer.code != passedCode) object.AddMember("code", code, allocator);
   if (!answer.text.empty()) object.AddMember("text", Text(answer.text), allocator);
+  if (!answer.notTested.empty()) object.AddMember("notTested", Text(answer.notTested), allocator);
   if (!answer.pass) object.AddMember("pass", Value(false), allocator);
   if (!answer.flags.empty()) {
     Value flags(rapidjson::kArrayType);

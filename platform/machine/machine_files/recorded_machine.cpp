@@ -33,7 +33,8 @@ bool HasVerdict(TestCall call) {
 TestAnswer RecordedMachine::Test(TestCall call, std::size_t ordinal, int /*disk*/) {
   const auto index = static_cast<std::size_t>(call);
   RecordedAnswer answer = Play(recording.tests[index], ordinal, PassedCode(kTestCalls[index]));
-  return {answer.code, std::move(answer.text), answer.pass, std::move(answer.flags)};
+  return {answer.code, std::move(answer.text), answer.pass, std::move(answer.flags),
+          std::move(answer.notTested)};
 }
 
 bool RecordedMachine::IsSupported(SupportCall call) {

@@ -16,6 +16,7 @@ namespace machine {
 struct RecordedAnswer {
   std::uint32_t code = 0;
   std::wstring text;
+  std::wstring notTested;
   bool pass = true;
   bool restart = false;
   std::vector<std::uint8_t> flags;

@@ -17,6 +17,7 @@ RecordedAnswer Ask(Machine& machine, TestCall call, std::size_t ordinal, int dis
     TestAnswer answer = machine.Test(call, ordinal, disk);
     recorded.code = answer.code;
     recorded.text = std::move(answer.text);
+    recorded.notTested = std::move(answer.notTested);
     recorded.pass = answer.pass || !HasVerdict(call);
     recorded.flags = std::move(answer.flags);
     while (!recorded.flags.empty() && recorded.flags.back() == 0) recorded.flags.pop_back();
@@ -70,6 +71,7 @@ void MaskTexts(const IdentifierMask& mask, Recording& recording) {
   for (RecordedAnswers& answers : recording.tests) {
     for (RecordedAnswer& answer : answers) {
       answer.text = mask.Apply(answer.text);
+      answer.notTested = mask.Apply(answer.notTested);
       if (answer.fault) answer.fault = mask.Apply(*answer.fault);
     }
   }

@@ -12,12 +12,21 @@
 #include <csignal>
 #include <limits>
 
+#include "platform/os/process_fault.h"
+
 namespace os {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t kOutputLimit = std::size_t{4} << 20;
+constexpr const char* kUnreadable = "cannot be listened to";
+constexpr const char* kKilled = "was ended by a signal";
+
+bool Fail(std::string& fault, const char* reason) {
+  fault = reason;
+  return false;
+}
 
 class Descriptor {
  public:
@@ -109,9 +118,9 @@ std::optional<pid_t> Start(const std::vector<std::string>& arguments, int output
 
   const SpawnSettings settings(output);
   pid_t pid = -1;
-  if (posix_spawnp(&pid, argv[0], &settings.actions, &settings.attributes, argv.data(), environ) !=
-      0)
-    return std::nullopt;
+  errno =
+      posix_spawnp(&pid, argv[0], &settings.actions, &settings.attributes, argv.data(), environ);
+  if (errno != 0) return std::nullopt;
   return pid;
 }
 
@@ -120,20 +129,23 @@ int MillisecondsUntil(Clock::time_point deadline) {
   return static_cast<int>(std::clamp<decltype(left)>(left, 0, std::numeric_limits<int>::max()));
 }
 
-/// Reads to the end of the pipe. False at the deadline, at the size limit and on an error.
-bool ReadAll(int pipe, Clock::time_point deadline, std::string& output) {
+/// Reads to the end of the pipe. False at the deadline, at the size limit and on an error, which
+/// `fault` then tells.
+bool ReadAll(int pipe, Clock::time_point deadline, std::string& output, std::string& fault) {
   std::array<char, 16384> chunk;
   for (;;) {
     pollfd waiting{pipe, POLLIN, 0};
     const int ready = poll(&waiting, 1, MillisecondsUntil(deadline));
-    if (ready == 0 || Clock::now() >= deadline) return false;
+    if (ready == 0 || Clock::now() >= deadline) return Fail(fault, kTooLate);
     if (ready < 0 && errno == EINTR) continue;
-    if (ready < 0) return false;
+    if (ready < 0) return Fail(fault, kUnreadable);
 
     const ssize_t count = read(pipe, chunk.data(), chunk.size());
     if (count == 0) return true;
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0 || output.size() + static_cast<std::size_t>(count) > kOutputLimit) return false;
+    if (count < 0) return Fail(fault, kUnreadable);
+    if (output.size() + static_cast<std::size_t>(count) > kOutputLimit)
+      return Fail(fault, kTooMuch);
     output.append(chunk.data(), static_cast<std::size_t>(count));
   }
 }
@@ -141,7 +153,10 @@ bool ReadAll(int pipe, Clock::time_point deadline, std::string& output) {
 }  // namespace
 
 std::optional<ProcessResult> RunProcess(const std::vector<std::string>& arguments,
-                                        std::chrono::milliseconds limit) {
+                                        std::chrono::milliseconds limit, std::string* fault) {
+  std::string unwanted;
+  if (fault == nullptr) fault = &unwanted;
+  *fault = kNotStarted;
   if (arguments.empty()) return std::nullopt;
   const Clock::time_point deadline = Clock::now() + limit;
 
@@ -151,14 +166,21 @@ std::optional<ProcessResult> RunProcess(const std::vector<std::string>& argument
   Descriptor writeEnd(ends[1]);
 
   const std::optional<pid_t> pid = Start(arguments, writeEnd.Get());
-  if (!pid) return std::nullopt;
+  if (!pid) {
+    *fault = NotStarted(LastError());
+    return std::nullopt;
+  }
   Child child(*pid);
   writeEnd.Close();
 
   ProcessResult result;
-  if (!ReadAll(readEnd.Get(), deadline, result.output)) return std::nullopt;
+  if (!ReadAll(readEnd.Get(), deadline, result.output, *fault)) return std::nullopt;
   const std::optional<int> status = child.WaitUntil(deadline);
-  if (!status) return std::nullopt;
+  if (!status) {
+    *fault = Clock::now() >= deadline ? kTooLate : kKilled;
+    return std::nullopt;
+  }
+  fault->clear();
   result.exitStatus = *status;
   return result;
 }

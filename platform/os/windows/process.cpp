@@ -5,6 +5,7 @@
 #include <limits>
 #include <thread>
 
+#include "platform/os/process_fault.h"
 #include "platform/os/windows/start_process.h"
 
 namespace os {
@@ -46,15 +47,21 @@ bool EndsBefore(HANDLE waitable, Clock::time_point deadline) {
 }  // namespace
 
 std::optional<ProcessResult> RunProcess(const std::vector<std::string>& arguments,
-                                        std::chrono::milliseconds limit) {
+                                        std::chrono::milliseconds limit, std::string* fault) {
+  std::string unwanted;
+  if (fault == nullptr) fault = &unwanted;
+  *fault = kNotStarted;
   if (arguments.empty()) return std::nullopt;
   const Clock::time_point deadline = Clock::now() + limit;
 
   Pipe pipe = MakePipe();
   if (!pipe.readEnd) return std::nullopt;
   StartedProcess started = StartProcess(arguments, pipe.writeEnd.Get(), nullptr);
+  if (!started.process) {
+    *fault = NotStarted(LastError());
+    return std::nullopt;
+  }
   pipe.writeEnd.Close();
-  if (!started.process) return std::nullopt;
 
   ProcessResult result;
   const Handle readerDone(CreateEventW(nullptr, TRUE, FALSE, nullptr));
@@ -69,7 +76,11 @@ std::optional<ProcessResult> RunProcess(const std::vector<std::string>& argument
   if (ended) GetExitCodeProcess(started.process.Get(), &status);
   TerminateJobObject(started.job.Get(), 1);  // whoever still writes lets the reader go
   reader.join();
-  if (!ended) return std::nullopt;
+  if (!ended) {
+    *fault = result.output.size() > kOutputLimit ? kTooMuch : kTooLate;
+    return std::nullopt;
+  }
+  fault->clear();
   result.exitStatus = static_cast<int>(status);
   return result;
 }

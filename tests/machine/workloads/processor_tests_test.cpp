@@ -35,7 +35,7 @@ TEST(ProcessorTests, PassOnThisProcessor) {
   for (const auto& [support, test] : sets) {
     const machine::TestAnswer answer = machine::TestProcessor(test);
     EXPECT_EQ(answer.code, machine::ProcessorSupports(support) ? 0U : 1U);
-    EXPECT_EQ(answer.text.empty(), machine::ProcessorSupports(support));
+    EXPECT_EQ(answer.notTested.empty(), machine::ProcessorSupports(support));
   }
   EXPECT_EQ(machine::TestProcessor(TestCall::CpuSse3).code, 0U);
   EXPECT_FALSE(machine::ProcessorSupports(SupportCall::Bluetooth));

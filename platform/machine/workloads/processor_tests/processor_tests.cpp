@@ -151,7 +151,7 @@ TestAnswer CompareOperations(std::span<const OperationRow> operations) {
 TestAnswer TestProcessor(TestCall test) {
   const auto row = std::ranges::find(kInstructionSets, test, &InstructionSetRow::test);
   if (row == kInstructionSets.end() || !HasInstructionSet(*row))
-    return {1, L"the processor does not have these instructions", false, {}};
+    return {1, L"", false, {}, L"the processor does not have these instructions"};
   return CompareOperations(row->operations);
 }
 

@@ -183,12 +183,25 @@ exit 32
   EXPECT_EQ(live.Test(TestCall::DiskHddSmart, 0, -1).flags.size(), machine::kHddFlagCount);
 }
 
-TEST(LiveMachine, ADiskWithoutAToolToReadItIsUnreadable) {
+TEST(LiveMachine, ADiskThatCannotBeReadSaysWhy) {
   const FakeSystem system;
   WriteDisk(system, "sda", "100\n");
-  const FakeSmartctl smartctl(system, "kill -9 $$\n");
+  const std::pair<const char*, const wchar_t*> cases[] = {
+      {"kill -9 $$\n", L"smartctl was ended by a signal"},
+      {"exit 1\n", L"smartctl says nothing"},
+      {"echo no\n", L"smartctl gives no report"},
+      {R"(echo '{"smartctl": {"messages": [{"severity": "information", "string": "old"},
+            {"severity": "error", "string": "Permission denied"}]}}')",
+       L"Permission denied"},
+      {"echo '{}'\n", L"the disk does not tell its health"},
+  };
   LiveMachine live;
-  EXPECT_EQ(live.Test(TestCall::DiskSsdSmart, 0, 0).code, 2U);
+  for (const auto& [script, reason] : cases) {
+    const FakeSmartctl smartctl(system, script);
+    const machine::TestAnswer answer = live.Test(TestCall::DiskSsdSmart, 0, 0);
+    EXPECT_EQ(answer.code, 2U) << script;
+    EXPECT_EQ(answer.notTested, reason);
+  }
 }
 
 TEST(LiveMachine, AnswersEveryCallFromManyThreadsAtOnce) {
