@@ -51,6 +51,12 @@ struct Trouble {
   bool repairOffered = false;
 };
 
+std::string VerdictText(const tagDetectItemDetail& detail, const ItemWords& words) {
+  if (!detail.normal) return Coloured(Colour::Red, "ABNORMAL");
+  if (!words.notTested.empty()) return Coloured(Colour::Yellow, "untested");
+  return Coloured(Colour::Green, "ok      ");
+}
+
 class TextRunPrinter final : public RunPrinter {
  public:
   explicit TextRunPrinter(std::vector<enmHardwareID> selected) : selection(std::move(selected)) {}
@@ -70,10 +76,7 @@ class TextRunPrinter final : public RunPrinter {
   void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail,
                   const ItemWords& words) override {
     if (detail.caption.empty()) return;
-    live.PrintAbove(
-        "  " +
-        (detail.normal ? Coloured(Colour::Green, "ok      ") : Coloured(Colour::Red, "ABNORMAL")) +
-        "  " + Printable(detail.caption));
+    live.PrintAbove("  " + VerdictText(detail, words) + "  " + Printable(detail.caption));
     std::vector<std::wstring> shown = Sentences(words);
     if (detail.normal && detail.code == 0 && words.notTested.empty()) shown.clear();
     if (!heading.empty() && !shown.empty() && std::exchange(headingWords, shown) == shown)
