@@ -34,17 +34,21 @@ void LineFile::Append(std::string_view line) {
     opened = std::make_unique<AppendedFile>(path);
 }
 
-// False when the file is to be opened anew: somebody has put it away. A full one that cannot be put
-// away grows: better than a line lost.
+// Whether the full file has been put away, by another or now. One that cannot be put away grows:
+// better than a line lost.
+bool LineFile::IsAway() {
+  if (!opened->IsInPlace()) return true;
+  std::error_code error;
+  fs::rename(path, EarlierFile(path), error);
+  return !error;
+}
+
+// False when the file is to be opened anew.
 bool LineFile::TryToAppend(std::string_view bytes, bool isLastAttempt) {
   const AppendedFile::Turn turn(*opened);
-  if (!opened->IsInPlace() && !isLastAttempt) return false;
   const std::uintmax_t size = opened->Size();
-  if (!isLastAttempt && size > 0 && size + bytes.size() > kFullFile) {
-    std::error_code error;
-    fs::rename(path, EarlierFile(path), error);
-    if (!error) return false;
-  }
+  const bool isFull = size > 0 && size + bytes.size() > kFullFile;
+  if (!isLastAttempt && (opened->IsRemoved() || (isFull && IsAway()))) return false;
   opened->Write(bytes);
   return true;
 }

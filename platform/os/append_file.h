@@ -20,6 +20,8 @@ std::filesystem::path EarlierFile(const std::filesystem::path& file);
 class AppendedFile;
 
 /// Such a file kept open, so that its lines arrive also when this process may open no more files.
+/// One that is renamed takes lines until it is full; in place of one that is removed a new one is
+/// made.
 /// What throws is std::runtime_error "<path>: <reason>". One thread at a time.
 class LineFile {
  public:
@@ -34,6 +36,7 @@ class LineFile {
   void Append(std::string_view line);
 
  private:
+  bool IsAway();
   bool TryToAppend(std::string_view bytes, bool isLastAttempt);
 
   std::filesystem::path path;

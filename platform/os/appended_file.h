@@ -30,6 +30,9 @@ class AppendedFile {
     AppendedFile& file;
   };
 
+  /// Whether the file has no name any more.
+  bool IsRemoved() const;
+
   /// Whether the file still has the name that it was opened by.
   bool IsInPlace() const;
 

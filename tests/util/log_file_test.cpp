@@ -34,6 +34,7 @@ TEST(LogFile, IsPutAwayWhenFullAndTellsItsOwnFailureOnce) {
   EXPECT_EQ(fs::file_size(folder.path / "log" / "sysdiagnose.1.log"), os::kFullFile);
 
   fs::rename(file, folder.path / "aside.log");
+  fs::resize_file(folder.path / "aside.log", os::kFullFile);
   fs::create_directory(file);
   EXPECT_THAT(ErrorChannelOf("lost"), testing::HasSubstr("sysdiagnose.log: cannot be written: "));
   EXPECT_EQ(ErrorChannelOf("lost too"), "");

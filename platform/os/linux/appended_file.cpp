@@ -62,6 +62,10 @@ void AppendedFile::Unlock() {
   system->locked = false;
 }
 
+bool AppendedFile::IsRemoved() const {
+  return system->Status().st_nlink == 0;
+}
+
 bool AppendedFile::IsInPlace() const {
   struct stat named {};
   const struct stat own = system->Status();

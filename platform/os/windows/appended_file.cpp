@@ -60,6 +60,13 @@ void AppendedFile::Unlock() {
   UnlockFileEx(system->file.Get(), 0, 1, 0, &place);
 }
 
+bool AppendedFile::IsRemoved() const {
+  FILE_STANDARD_INFO information{};
+  GetFileInformationByHandleEx(system->file.Get(), FileStandardInfo, &information,
+                               sizeof information);
+  return information.DeletePending != 0;
+}
+
 bool AppendedFile::IsInPlace() const {
   const BY_HANDLE_FILE_INFORMATION own = InformationOf(system->file);
   const BY_HANDLE_FILE_INFORMATION named =
