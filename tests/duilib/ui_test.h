@@ -56,6 +56,7 @@ class RecordingPump final : public CNotifyPump {
 class UiTest : public testing::Test {
  protected:
   UiTest() {
+    UICulture::GetInstance()->SetLanguage("ids", {});
     TestLog::Instance().Take();
     window.Manager().SetNotifyPump(&pump);
   }
