@@ -211,6 +211,12 @@ void CPaintManagerUI::SetScale(double value) {
   damage = {0, 0, clientSize.width, clientSize.height};
 }
 
+void CPaintManagerUI::TakeLookOf(CPaintManagerUI& other) {
+  theme = other.theme;
+  SetScale(other.scale);
+  SetTextMeasure(other.measure == &other.simpleMeasure ? nullptr : other.measure);
+}
+
 void CPaintManagerUI::Forget(const CControlUI& control) {
   if (focus == &control) focus = nullptr;
   if (hovered == &control) hovered = nullptr;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -89,6 +90,8 @@ class DUILIB_API CPaintManagerUI {
   TextMeasure& GetTextMeasure() { return *measure; }
   /// Dots per point. Geometry does not know it.
   void SetScale(double value);
+  /// Theme, scale and text measure of another window; the measure is one that outlives both.
+  void TakeLookOf(CPaintManagerUI& other);
   double GetScale() const { return scale; }
 
   // Keyboard and pointer, at unscaled points
@@ -99,6 +102,8 @@ class DUILIB_API CPaintManagerUI {
   CControlUI* GetPressed() const { return pressed; }
   /// Whether something took the key.
   bool OnKey(Key key);
+  /// What Escape does when no control takes it.
+  void SetCancelHook(std::function<void()> hook) { cancelHook = std::move(hook); }
   void OnMouseMove(Point point);
   void OnMouseDown(Point point);
   void OnMouseUp(Point point);
@@ -149,6 +154,7 @@ class DUILIB_API CPaintManagerUI {
   SimpleTextMeasure simpleMeasure;
   TextMeasure* measure = &simpleMeasure;
   double scale = 1;
+  std::function<void()> cancelHook;
   CControlUI* focus = nullptr;
   CControlUI* hovered = nullptr;
   CControlUI* pressed = nullptr;

@@ -48,11 +48,13 @@ bool CPaintManagerUI::OnKey(Key key) {
     MoveFocus(key == Key::kTab);
     return true;
   }
-  if (focus == nullptr || !focus->IsUsable()) return false;
-  for (CControlUI* control = focus; control != nullptr; control = control->GetParent()) {
+  CControlUI* control = focus != nullptr && focus->IsUsable() ? focus : nullptr;
+  for (; control != nullptr; control = control->GetParent()) {
     if (control->OnKey(key)) return true;
   }
-  return false;
+  if (key != Key::kEscape || !cancelHook) return false;
+  cancelHook();
+  return true;
 }
 
 CControlUI* CPaintManagerUI::FindControl(Point point) {

@@ -2,13 +2,18 @@
 
 #include <algorithm>
 
-#include "platform/duilib/queue/ui_main_queue.h"
+#include "platform/duilib/window/headless_desktop.h"
 #include "platform/os/clock.h"
 
 namespace DuiLib {
 
 HeadlessWindow::HeadlessWindow(Size size) {
   manager.SetClientSize(size);
+  HeadlessDesktop::Instance().Add(manager);
+}
+
+HeadlessWindow::~HeadlessWindow() {
+  HeadlessDesktop::Instance().Remove(manager);
 }
 
 void HeadlessWindow::Open(CControlUI* root) {
@@ -17,21 +22,15 @@ void HeadlessWindow::Open(CControlUI* root) {
   if (root != nullptr) root->Notify(kNotifyWindowInit);
 }
 
-void HeadlessWindow::RunWhatIsDue() {
-  while (UIMainQueue::RunPending() != 0) {
-  }
-  manager.RunDueTimers();
-  manager.LayOut();
-}
-
 void HeadlessWindow::Tick(std::chrono::milliseconds time) {
   os::Clock& clock = os::CurrentClock();
   const std::chrono::nanoseconds end = clock.Now() + time;
-  RunWhatIsDue();
+  HeadlessDesktop& desktop = HeadlessDesktop::Instance();
+  desktop.RunWhatIsDue();
   for (auto now = clock.Now(); now < end; now = clock.Now()) {
-    const auto next = std::min(manager.NextDue(true).value_or(end), end);
+    const auto next = std::min(desktop.NextDue().value_or(end), end);
     clock.Sleep(std::max(next - now, std::chrono::nanoseconds(0)));
-    RunWhatIsDue();
+    desktop.RunWhatIsDue();
   }
 }
 

@@ -11,14 +11,17 @@ namespace DuiLib {
 class DUILIB_API HeadlessWindow {
  public:
   explicit HeadlessWindow(Size size);
+  ~HeadlessWindow();
+  HeadlessWindow(const HeadlessWindow&) = delete;
+  HeadlessWindow& operator=(const HeadlessWindow&) = delete;
 
   CPaintManagerUI& Manager() { return manager; }
 
   /// Takes the tree over, lays it out and tells "windowinit" with its root.
   void Open(CControlUI* root);
 
-  /// The clock goes on from one thing that is due to the next: timers run and what waits for the UI
-  /// thread. A clock that does not jump waits that long.
+  /// The clock goes on from one thing that is due to the next: timers of
+  /// all windows run and what waits for the UI thread. A clock that does not jump waits that long.
   void Tick(std::chrono::milliseconds time);
 
   CDuiString Text(const CDuiString& name) { return Person(manager).Text(name); }
@@ -30,8 +33,6 @@ class DUILIB_API HeadlessWindow {
   bool Press(Key key) { return Person(manager).Press(key); }
 
  private:
-  void RunWhatIsDue();
-
   CPaintManagerUI manager;
 };
 
