@@ -67,6 +67,22 @@ TEST_F(ControlsTest, AHandlerMayRemoveTheSenderAndAllAroundIt) {
   EXPECT_EQ(window.Manager().FindControl(L"b"), nullptr);
 }
 
+TEST_F(ControlsTest, WhatTellsTwiceLivesThroughTheFirstTelling) {
+  const auto clear = [&](TNotifyUI&) { Get<CContainerUI>(L"box").RemoveAll(); };
+  Open(L"<List name='box'><ListContainerElement name='row'/></List>");
+  pump.whenHeard = clear;
+  window.Activate(L"row");
+  EXPECT_EQ(pump.Take(), Heard{"itemselect row 0"});
+
+  pump.whenHeard = {};
+  Open(
+      L"<VerticalLayout name='box'><Option name='a' group='g' selected='true'/>"
+      L"<Option name='b' group='g'/></VerticalLayout>");
+  pump.whenHeard = clear;
+  Get<COptionUI>(L"b").Selected(true);
+  EXPECT_EQ(pump.Take(), Heard{"selectchanged a 0"});
+}
+
 TEST_F(ControlsTest, AGroupHasOneChosenAndACheckBoxIsOnItsOwn) {
   Open(
       L"<VerticalLayout><Option name='a' group='g' selected='true' height='20'/>"

@@ -1,6 +1,7 @@
 #include "platform/duilib/controls/list_container_element.h"
 
 #include "platform/duilib/controls/list.h"
+#include "platform/duilib/tree/delivery.h"
 
 namespace DuiLib {
 
@@ -24,6 +25,7 @@ bool CListContainerElementUI::IsSelected() const {
 bool CListContainerElementUI::Activate() {
   auto* const list = dynamic_cast<CListUI*>(GetParent());
   if (list == nullptr || !IsUsable()) return false;
+  const CPaintManagerUI::Delivery delivery(GetManager());
   list->SelectItem(GetIndex());
   // What heard of the selection may have taken the row away.
   if (GetParent() == list) Notify(kNotifyItemActivate, GetIndex());

@@ -1,6 +1,6 @@
 #include "platform/duilib/controls/option.h"
 
-#include "platform/duilib/tree/paint_manager.h"
+#include "platform/duilib/tree/delivery.h"
 #include "platform/duilib/tree/walk.h"
 
 namespace DuiLib {
@@ -25,6 +25,7 @@ void COptionUI::OnManagerChanged() {
 
 void COptionUI::Selected(bool value, bool notify) {
   if (selected == value) return;
+  const CPaintManagerUI::Delivery delivery(GetManager());
   selected = value;
   Invalidate();
   if (value) DeselectOthers(notify);

@@ -52,7 +52,7 @@ CControlUI* CPaintManagerUI::FindControl(CControlUI* below, const CDuiString& na
 }
 
 void CPaintManagerUI::SendNotify(CControlUI& sender, const CDuiString& type, std::size_t value) {
-  const Delivery delivery(*this);
+  const Delivery delivery(this);
   TNotifyUI notification{type, sender.GetVirtualWnd(), &sender, value};
   // The hook may be set anew while it runs.
   if (const auto hook = sender.notifyHook; hook && hook(notification)) return;
@@ -111,7 +111,7 @@ std::optional<std::chrono::nanoseconds> CPaintManagerUI::NextDue(bool withIdle) 
 }
 
 std::size_t CPaintManagerUI::RunDueTimers() {
-  const Delivery delivery(*this);
+  const Delivery delivery(this);
   const std::chrono::nanoseconds now = os::CurrentClock().Now();
   std::vector<std::pair<std::chrono::nanoseconds, std::uint64_t>> due;
   for (const Timer& timer : timers) {

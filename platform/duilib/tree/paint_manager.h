@@ -114,6 +114,8 @@ class DUILIB_API CPaintManagerUI {
   CControlUI* FindControl(Point point);
 
   // For controls
+  /// Keeps what is removed while it lives.
+  class Delivery;
   /// The control goes or leaves the window: nothing here points to it any more.
   void Forget(const CControlUI& control);
   /// Destroys it, after the handlers that run.
@@ -129,7 +131,6 @@ class DUILIB_API CPaintManagerUI {
     std::chrono::nanoseconds period;
     std::chrono::nanoseconds due;
   };
-  class Delivery;
 
   void StartTimer(CControlUI* control, std::size_t id, int milliseconds, bool own, bool idle);
   void StopTimer(const CControlUI* control, std::size_t id, bool own);

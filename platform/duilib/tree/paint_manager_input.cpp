@@ -43,7 +43,7 @@ void CPaintManagerUI::MoveFocus(bool forward) {
 }
 
 bool CPaintManagerUI::OnKey(Key key) {
-  const Delivery delivery(*this);
+  const Delivery delivery(this);
   if (key == Key::kTab || key == Key::kBackTab) {
     MoveFocus(key == Key::kTab);
     return true;
@@ -87,7 +87,7 @@ void CPaintManagerUI::OnMouseDown(Point point) {
 
 // The press counts for what it began on, and only if it ends there.
 void CPaintManagerUI::OnMouseUp(Point point) {
-  const Delivery delivery(*this);
+  const Delivery delivery(this);
   CControlUI* const began = pressed;
   pressed = nullptr;
   OnMouseMove(point);
@@ -100,7 +100,7 @@ void CPaintManagerUI::OnMouseUp(Point point) {
 }
 
 void CPaintManagerUI::OnWheel(Point point, int steps) {
-  const Delivery delivery(*this);
+  const Delivery delivery(this);
   for (CControlUI* control = FindControl(point); control != nullptr;
        control = control->GetParent()) {
     if (control->OnWheel(steps)) return;
