@@ -6,7 +6,7 @@
 #include "cli/html_writer.h"
 #include "cli/report_file.h"
 #include "cli/report_style.h"
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 
 namespace cli {
 

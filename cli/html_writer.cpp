@@ -5,7 +5,7 @@
 
 #include "cli/terminal_text.h"
 #include "common/text.h"
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 
 namespace cli {
 namespace {

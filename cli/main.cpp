@@ -1,7 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/output.h"
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 #include "platform/message/message_capture.h"
 #include "platform/os/paths.h"
 #include "startup/language.h"

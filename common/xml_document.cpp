@@ -7,7 +7,7 @@ namespace {
 
 constexpr int kMaxDepth = 64;
 
-std::string Place(std::string_view name, std::string_view text, std::size_t offset) {
+std::string PlaceAt(std::string_view name, std::string_view text, std::size_t offset) {
   const std::string_view before = text.substr(0, std::min(offset, text.size()));
   const auto line = 1 + std::count(before.begin(), before.end(), '\n');
   const std::size_t lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
@@ -98,20 +98,25 @@ class DepthWalk {
 
 }  // namespace
 
-XmlDocument::XmlDocument(std::string_view text, std::string_view name) {
+XmlDocument::XmlDocument(std::string_view text, std::string_view name) : documentName(name) {
   if (text.size() > kMaxXmlSize) throw XmlError(std::string(name) + ": larger than 1 MiB");
   text = text.substr(0, text.find('\0'));
   if (const std::size_t at = DepthWalk(text).FindTooDeep(); at != std::string_view::npos)
-    throw XmlError(Place(name, text, at) + "elements nested more than 64 deep");
+    throw XmlError(PlaceAt(name, text, at) + "elements nested more than 64 deep");
 
+  source = text;
   buffer.assign(text.begin(), text.end());
   buffer.push_back('\0');
   try {
     document.parse<rapidxml::parse_default>(buffer.data());
   } catch (const rapidxml::parse_error& error) {
     const auto offset = static_cast<std::size_t>(error.where<char>() - buffer.data());
-    throw XmlError(Place(name, text, offset) + error.what());
+    throw XmlError(PlaceAt(name, text, offset) + error.what());
   }
+}
+
+std::string XmlDocument::Place(const rapidxml::xml_base<char>& part) const {
+  return PlaceAt(documentName, source, static_cast<std::size_t>(part.name() - buffer.data()));
 }
 
 const XmlElement* NextElement(const XmlElement* element) {

@@ -31,7 +31,15 @@ class XmlDocument {
   /// The first top-level element of that name, or null.
   const XmlElement* Root(const char* name) const { return document.first_node(name); }
 
+  /// The first top-level element, or null.
+  const XmlElement* Root() const { return document.first_node(); }
+
+  /// "<name>:<line>:<column>: " of an element or attribute of this document.
+  std::string Place(const rapidxml::xml_base<char>& part) const;
+
  private:
+  std::string documentName;
+  std::string source;  // as it stood before the parser wrote into the buffer
   std::vector<char> buffer;
   rapidxml::xml_document<char> document;
 };

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "platform/concurrency/task.h"
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 #include "sysdiagnose/base/log.h"
 #include "sysdiagnose/catalogue/device_names.h"
 #include "sysdiagnose/catalogue/xml_helper.h"

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 #include "platform/util/text_helpers.h"
 #include "sysdiagnose/catalogue/hardware_info_source.h"
 #include "sysdiagnose/catalogue/sizes.h"

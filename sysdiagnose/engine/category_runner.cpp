@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 #include "sysdiagnose/engine/disk_runner.h"
 #include "sysdiagnose/engine/test_items.h"
 #include "sysdiagnose/records/report_event.h"

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 
 namespace orv::sysdiagnose {
 namespace {

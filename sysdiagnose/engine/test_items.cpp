@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 #include "sysdiagnose/engine/hint_text.h"
 #include "sysdiagnose/records/bi_report.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "common/protocol/message_ids.h"
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 
 namespace orv::sysdiagnose {
 

@@ -1,4 +1,4 @@
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 
 #include <gmock/gmock.h>
 

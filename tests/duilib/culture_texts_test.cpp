@@ -9,7 +9,7 @@
 
 #include "common/text.h"
 #include "common/xml_document.h"
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 
 namespace {
 

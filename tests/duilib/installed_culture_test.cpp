@@ -3,7 +3,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <thread>
 
 #include "platform/concurrency/task.h"
-#include "platform/duilib/ui_main_queue.h"
+#include "platform/duilib/queue/ui_main_queue.h"
 #include "platform/message/ipc_message_client.h"
 #include "platform/plugins_manager/plugin_interfaces.h"
 #include "tests/plugins_manager/manager_functions.h"

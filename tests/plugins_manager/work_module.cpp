@@ -6,7 +6,7 @@
 
 #include "common/log.h"
 #include "platform/concurrency/task.h"
-#include "platform/duilib/ui_main_queue.h"
+#include "platform/duilib/queue/ui_main_queue.h"
 #include "platform/message/ipc_message_client.h"
 #include "sysdiagnose/plugin/frame/class_entry.h"
 #include "sysdiagnose/plugin/frame/normal_object.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 #include "platform/machine/current.h"
 #include "platform/machine/machine_files/machine_file.h"
 #include "platform/os/paths.h"

@@ -5,7 +5,7 @@
 
 #include "common/log.h"
 #include "platform/concurrency/task.h"
-#include "platform/duilib/ui_main_queue.h"
+#include "platform/duilib/queue/ui_main_queue.h"
 #include "platform/message/ipc_message_client.h"
 #include "tests/plugins_manager/manager_functions.h"
 #include "tests/plugins_manager/work.h"

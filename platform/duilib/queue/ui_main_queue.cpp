@@ -1,4 +1,4 @@
-#include "platform/duilib/ui_main_queue.h"
+#include "platform/duilib/queue/ui_main_queue.h"
 
 #include <cstdint>
 #include <deque>

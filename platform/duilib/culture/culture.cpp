@@ -1,4 +1,4 @@
-#include "platform/duilib/culture.h"
+#include "platform/duilib/culture/culture.h"
 
 #include <exception>
 #include <string_view>
@@ -6,8 +6,8 @@
 
 #include "common/log.h"
 #include "common/text.h"
-#include "platform/duilib/culture_file.h"
-#include "platform/duilib/message_pattern.h"
+#include "platform/duilib/culture/culture_file.h"
+#include "platform/duilib/culture/message_pattern.h"
 #include "platform/os/paths.h"
 
 namespace DuiLib {

@@ -1,4 +1,4 @@
-#include "platform/duilib/icu_data.h"
+#include "platform/duilib/culture/icu_data.h"
 
 #include <unicode/udata.h>
 

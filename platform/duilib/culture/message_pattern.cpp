@@ -1,4 +1,4 @@
-#include "platform/duilib/message_pattern.h"
+#include "platform/duilib/culture/message_pattern.h"
 
 #include <unicode/fmtable.h>
 #include <unicode/messagepattern.h>
@@ -9,7 +9,7 @@
 #include <cstdint>
 
 #include "common/text.h"
-#include "platform/duilib/icu_data.h"
+#include "platform/duilib/culture/icu_data.h"
 
 namespace DuiLib {
 namespace {

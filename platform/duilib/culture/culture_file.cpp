@@ -1,4 +1,4 @@
-#include "platform/duilib/culture_file.h"
+#include "platform/duilib/culture/culture_file.h"
 
 #include <stdexcept>
 

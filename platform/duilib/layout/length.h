@@ -1,0 +1,34 @@
+#pragma once
+
+namespace DuiLib {
+
+/// The largest length and the most room on a side that is taken, in points; longer ones are cut to
+/// it, so that sums stay within an int.
+inline constexpr int kMaxLength = 16384;
+
+/// How long a control is along one axis: as long as its content wishes, a share of what the others
+/// leave, or a number of points.
+struct Length {
+  enum class Kind { kShrink, kGrow, kNumber };
+
+  static constexpr Length Shrink() { return {Kind::kShrink, 0}; }
+  static constexpr Length Grow(int shares = 1) { return {Kind::kGrow, shares}; }
+  static constexpr Length Number(int points) {
+    return {Kind::kNumber, points < 0 ? 0 : points > kMaxLength ? kMaxLength : points};
+  }
+
+  Kind kind = Kind::kShrink;
+  int value = 0;  // the shares or the points
+  bool operator==(const Length&) const = default;
+};
+
+/// Where something stands in room that is longer than it.
+enum class Place { kStart, kMiddle, kEnd };
+
+/// What lies before something of `length` in `room`.
+inline constexpr int Before(Place place, int room, int length) {
+  if (place == Place::kStart || length >= room) return 0;
+  return place == Place::kMiddle ? (room - length) / 2 : room - length;
+}
+
+}  // namespace DuiLib

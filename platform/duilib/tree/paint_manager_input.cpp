@@ -1,0 +1,110 @@
+#include <algorithm>
+
+#include "platform/duilib/tree/delivery.h"
+#include "platform/duilib/tree/walk.h"
+
+// The part of the paint manager that hears keyboard and pointer.
+namespace DuiLib {
+namespace {
+
+std::vector<CControlUI*> TabOrder(CControlUI& root) {
+  std::vector<CControlUI*> order;
+  ForEachInTree(root, [&](CControlUI& control) {
+    if (control.IsFocusable() && control.IsUsable()) order.push_back(&control);
+  });
+  return order;
+}
+
+}  // namespace
+
+void CPaintManagerUI::SetFocus(CControlUI* control) {
+  if (control != nullptr && (control->GetManager() != this || !control->IsFocusable())) return;
+  if (focus == control) return;
+  if (focus != nullptr) focus->Invalidate();
+  focus = control;
+  if (focus == nullptr) return;
+  focus->Invalidate();
+  CControlUI* shown = focus;
+  for (auto parent = shown->GetParent(); parent != nullptr; parent = parent->GetParent()) {
+    parent->BringIntoSight(*shown);
+    shown = parent;
+  }
+}
+
+void CPaintManagerUI::MoveFocus(bool forward) {
+  if (!root) return;
+  const std::vector<CControlUI*> order = TabOrder(*root);
+  if (order.empty()) return;
+  const auto count = order.size();
+  const auto at =
+      static_cast<std::size_t>(std::find(order.begin(), order.end(), focus) - order.begin());
+  if (at == count) return SetFocus(forward ? order.front() : order.back());
+  SetFocus(order[(at + (forward ? 1 : count - 1)) % count]);
+}
+
+bool CPaintManagerUI::OnKey(Key key) {
+  const Delivery delivery(this);
+  if (key == Key::kTab || key == Key::kBackTab) {
+    MoveFocus(key == Key::kTab);
+    return true;
+  }
+  CControlUI* control = focus != nullptr && focus->IsUsable() ? focus : nullptr;
+  for (; control != nullptr; control = control->GetParent()) {
+    if (control->OnKey(key)) return true;
+  }
+  if (key != Key::kEscape || !cancelHook) return false;
+  cancelHook();
+  return true;
+}
+
+CControlUI* CPaintManagerUI::FindControl(Point point) {
+  LayOut();
+  return root ? root->FindAt(point) : nullptr;
+}
+
+void CPaintManagerUI::Hover(CControlUI* control) {
+  if (hovered == control) return;
+  if (hovered != nullptr) hovered->Invalidate();
+  hovered = control;
+  if (hovered != nullptr) hovered->Invalidate();
+}
+
+void CPaintManagerUI::OnMouseMove(Point point) {
+  Hover(FindControl(point));
+}
+
+void CPaintManagerUI::OnMouseLeave() {
+  Hover(nullptr);
+}
+
+void CPaintManagerUI::OnMouseDown(Point point) {
+  OnMouseMove(point);
+  pressed = hovered != nullptr && hovered->IsUsable() ? hovered : nullptr;
+  if (pressed == nullptr) return;
+  SetFocus(pressed);
+  pressed->Invalidate();
+}
+
+// The press counts for what it began on, and only if it ends there.
+void CPaintManagerUI::OnMouseUp(Point point) {
+  const Delivery delivery(this);
+  CControlUI* const began = pressed;
+  pressed = nullptr;
+  OnMouseMove(point);
+  if (began == nullptr) return;
+  began->Invalidate();
+  if (began != hovered || !began->IsUsable()) return;
+  for (CControlUI* control = began; control != nullptr; control = control->GetParent()) {
+    if (control->OnClick(point)) return;
+  }
+}
+
+void CPaintManagerUI::OnWheel(Point point, int steps) {
+  const Delivery delivery(this);
+  for (CControlUI* control = FindControl(point); control != nullptr;
+       control = control->GetParent()) {
+    if (control->OnWheel(steps)) return;
+  }
+}
+
+}  // namespace DuiLib

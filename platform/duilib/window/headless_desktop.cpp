@@ -1,0 +1,84 @@
+#include "platform/duilib/window/headless_desktop.h"
+
+#include <algorithm>
+
+#include "platform/duilib/queue/ui_main_queue.h"
+#include "platform/duilib/window/window_impl_base.h"
+
+namespace DuiLib {
+
+class HeadlessDesktop::Window final : public NativeWindow {
+ public:
+  Window(HeadlessDesktop& on, WindowImplBase& around) : desktop(on), window(around) {
+    desktop.Add(window.GetManager());
+  }
+  ~Window() override { desktop.Remove(window.GetManager()); }
+
+  void Show() override {}
+
+  void Centre() override {
+    const CPaintManagerUI* const parent = window.GetParentManager();
+    if (parent == nullptr) return;
+    const Size room = parent->GetClientSize();
+    const Size size = window.GetManager().GetClientSize();
+    corner = {(room.width - size.width) / 2, (room.height - size.height) / 2};
+  }
+
+  void RunModal() override {
+    ended = false;
+    desktop.RunModal(window, ended);
+  }
+
+  void EndModal() override { ended = true; }
+  Point ToClient(Point screen) const override { return {screen.x - corner.x, screen.y - corner.y}; }
+
+ private:
+  HeadlessDesktop& desktop;
+  WindowImplBase& window;
+  Point corner;
+  bool ended = false;
+};
+
+HeadlessDesktop& HeadlessDesktop::Instance() {
+  static HeadlessDesktop& desktop = *new HeadlessDesktop;
+  return desktop;
+}
+
+std::unique_ptr<NativeWindow> HeadlessDesktop::Make(WindowImplBase& window) {
+  return std::make_unique<Window>(*this, window);
+}
+
+// Windows may open and close meanwhile.
+void HeadlessDesktop::RunWhatIsDue() {
+  while (UIMainQueue::RunPending() != 0) {
+  }
+  const std::vector<CPaintManagerUI*> all = windows;
+  for (CPaintManagerUI* window : all) {
+    if (std::find(windows.begin(), windows.end(), window) == windows.end()) continue;
+    window->RunDueTimers();
+    window->LayOut();
+  }
+}
+
+std::optional<std::chrono::nanoseconds> HeadlessDesktop::NextDue() const {
+  std::optional<std::chrono::nanoseconds> next;
+  for (const CPaintManagerUI* window : windows) {
+    const auto due = window->NextDue(true);
+    if (due) next = next ? std::min(*next, *due) : *due;
+  }
+  return next;
+}
+
+void HeadlessDesktop::RunModal(WindowImplBase& window, const bool& ended) {
+  modals.push_back(&window);
+  while (!ended) {
+    RunWhatIsDue();
+    if (ended) break;
+    if (rest && rest()) continue;
+    if (!ended) window.OnCancel();
+    if (!ended) window.Close(0);
+  }
+  std::erase(modals, &window);
+}
+
+}  // namespace DuiLib
