@@ -79,7 +79,8 @@ void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
                 "Installation folder whose config/ is read (default: that of this program)", "DIR");
   AddPathOption(app, "--system-root", arguments.systemRoot,
                 "Read /proc, /sys and the product version file below DIR", "DIR");
-  app.add_option("--lang", arguments.language, "Language of the texts, a file of res/culture, or ids")
+  app.add_option("--lang", arguments.language,
+                 "Language of the texts, a file of res/culture, or ids")
       ->type_name("LANG");
   app.add_flag("--json", arguments.json, "Print one JSON object per line");
   app.add_flag("--capture", arguments.capture,
