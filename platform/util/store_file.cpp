@@ -124,8 +124,8 @@ void StoreFile::LeaveAsItIs() {
   sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
-// An empty file may be one that another is about to fill. One that a checkpoint has not gone through
-// yet may be shorter than its header says: the pages that it lacks stand beside it.
+// An empty file may be one that another is about to fill. One that a checkpoint has not gone
+// through yet may be shorter than its header says: the pages that it lacks stand beside it.
 void StoreFile::CheckLength() {
   const Stored stored = Use(ReadStored);
   if (stored.size == 0 || stored.size >= SizeTold(stored.header)) return;

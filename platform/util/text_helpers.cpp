@@ -6,11 +6,12 @@
 #include "common/text.h"
 
 namespace DE {
+
 std::string WcharToChar(const std::wstring& text) {
   return common::WideToUtf8(text);
 }
 
-std::string UpperCase(std::string text) {
+std::string UpperCase(const std::string& text) {
   return common::UpperCase(text);
 }
 

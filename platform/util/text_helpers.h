@@ -12,7 +12,7 @@ namespace DE {
 UTIL_API std::string WcharToChar(const std::wstring& text);
 
 /// Upper-cases a to z, whatever the locale.
-UTIL_API std::string UpperCase(std::string text);
+UTIL_API std::string UpperCase(const std::string& text);
 
 /// Removes ASCII white space at both ends.
 UTIL_API std::string TrimSP(const std::string& text);

@@ -17,9 +17,9 @@ void SaveHistoryRecord(RunRecord& record);
 bool IsHistoryRecordStored(const RunRecord& record);
 
 /// The latest run with notBefore <= secondTime < before. False, with `record` untouched, when there
-/// is none. Throws linb::bad_any_cast, whose text names store, table, row and column, for a row with
-/// a cell of another type: the store was written by somebody else or is damaged, and the run of that
-/// time cannot be told from it.
+/// is none. Throws linb::bad_any_cast, whose text names store, table, row and column, for a row
+/// with a cell of another type: the store was written by somebody else or is damaged, and the run
+/// of that time cannot be told from it.
 bool QueryLatestRecordInRange(HistoryRecord& record, std::int32_t before, std::int32_t notBefore);
 
 /// The run stored in that second. Otherwise as QueryLatestRecordInRange.
