@@ -5,14 +5,15 @@
 #include "common/path_text.h"
 #include "common/protocol/log_item.h"
 #include "common/text.h"
-#include "platform/duilib/builder/dialog_builder.h"
 #include "platform/duilib/controls/frame_animation.h"
-#include "platform/duilib/tree/paint_manager.h"
+#include "sysdiagnose/ui/page/control_tree.h"
 
 namespace orv::sysdiagnose {
 namespace {
 
+using DuiLib::CContainerUI;
 using DuiLib::CControlUI;
+using DuiLib::CFrameAnimationUI;
 using DuiLib::CPaintManagerUI;
 
 struct ItemLook {
@@ -29,21 +30,17 @@ constexpr ItemLook kDefaultLook{L"file='drawable/hardware/icon_default.png'",
 constexpr int kFirstFrame = 1;
 constexpr int kLastFrame = 30;
 
-CControlUI* Part(CControlUI& item, const wchar_t* name) {
-  return CPaintManagerUI::FindControl(&item, name);
-}
-
 void SetText(CControlUI& item, const wchar_t* name, const std::wstring& text) {
-  if (CControlUI* const control = Part(item, name)) control->SetText(text);
+  if (auto* const control = FindBelow<CControlUI>(&item, name)) control->SetText(text);
 }
 
 void SetImage(CControlUI& item, const wchar_t* name, const wchar_t* image) {
-  if (CControlUI* const control = Part(item, name)) control->SetImage(image);
+  if (auto* const control = FindBelow<CControlUI>(&item, name)) control->SetImage(image);
 }
 
 void ShowPart(CControlUI& item, const wchar_t* shown, const wchar_t* hidden) {
-  if (CControlUI* const control = Part(item, shown)) control->SetVisible(true);
-  if (CControlUI* const control = Part(item, hidden)) control->SetVisible(false);
+  if (auto* const control = FindBelow<CControlUI>(&item, shown)) control->SetVisible(true);
+  if (auto* const control = FindBelow<CControlUI>(&item, hidden)) control->SetVisible(false);
 }
 
 std::wstring FileName(const std::wstring& path) {
@@ -53,9 +50,8 @@ std::wstring FileName(const std::wstring& path) {
 
 }  // namespace
 
-CControlUI* CreateUploadItem(std::int32_t module, CPaintManagerUI& manager) {
-  CControlUI* const item =
-      DuiLib::CDialogBuilder().Create(L"layout\\sysdiagnose_upload_item.xml", {}, &manager);
+std::unique_ptr<CContainerUI> CreateUploadItem(std::int32_t module, CPaintManagerUI& manager) {
+  auto item = BuildContainer(&manager, L"layout\\sysdiagnose_upload_item.xml");
   if (item == nullptr) return nullptr;
   const bool isApplication = module == static_cast<std::int32_t>(protocol::LogModule::Application);
   const ItemLook& look = isApplication ? kApplicationLook : kDefaultLook;
@@ -67,14 +63,13 @@ CControlUI* CreateUploadItem(std::int32_t module, CPaintManagerUI& manager) {
 
 void ShowUploadWaiting(CControlUI& item) {
   ShowPart(item, L"lytLoadding", L"lytContent");
-  if (auto* const sign = dynamic_cast<DuiLib::CFrameAnimationUI*>(Part(item, L"ctlLoadding")))
+  if (auto* const sign = FindBelow<CFrameAnimationUI>(&item, L"ctlLoadding"))
     sign->Play(kFirstFrame, kLastFrame, true);
 }
 
 void ShowUploadFile(CControlUI& item, const std::wstring& path) {
   ShowPart(item, L"lytContent", L"lytLoadding");
-  if (auto* const sign = dynamic_cast<DuiLib::CFrameAnimationUI*>(Part(item, L"ctlLoadding")))
-    sign->Stop();
+  if (auto* const sign = FindBelow<CFrameAnimationUI>(&item, L"ctlLoadding")) sign->Stop();
   SetText(item, L"lblContent", FileName(path));
   item.SetUserData(path);
   item.SetToolTip(path);

@@ -113,7 +113,7 @@ void UploadWnd::AddUploadFileList(emDataType enmDeviceModule, bool bHasContent,
                        " (orv::sysdiagnose::UploadWnd::AddUploadFileList)");
   CListUI* const list = ListOf(GetManager());
   if (list == nullptr) return;
-  CControlUI* const item = CreateUploadItem(enmDeviceModule, GetManager());
+  CControlUI* const item = CreateUploadItem(enmDeviceModule, GetManager()).release();
   if (item == nullptr) return;
   list->Add(item);
   items[enmDeviceModule] = item;
