@@ -1,10 +1,8 @@
-#include <deque>
-
 #include "platform/duilib/controls/list.h"
-#include "platform/duilib/window/headless_desktop.h"
 #include "sysdiagnose/records/ipc_helper.h"
 #include "sysdiagnose/ui/windows/restart_wnd.h"
 #include "sysdiagnose/ui/windows/upload_wnd.h"
+#include "tests/ui/modal_steps.h"
 #include "tests/ui/ui_pages_test.h"
 
 namespace orv::sysdiagnose {
@@ -12,7 +10,6 @@ namespace {
 
 using DuiLib::CControlUI;
 using DuiLib::CListUI;
-using DuiLib::HeadlessDesktop;
 using DuiLib::Key;
 using DuiLib::Person;
 using protocol::SYSTEM_DETECT_LOG_ITEM;
@@ -47,27 +44,6 @@ class NotingUploadWnd final : public InFolder<UploadWnd> {
   void Reveal(const std::filesystem::path& file) override { revealed.push_back(file); }
 };
 
-/// One who does this and that in the window that is open, one thing each time when all else has
-/// been done.
-class Steps {
- public:
-  Steps() = default;
-  Steps(const Steps&) = delete;
-  Steps& operator=(const Steps&) = delete;
-  ~Steps() { HeadlessDesktop::Instance().SetRest({}); }
-
-  void Set(std::deque<std::function<void(Person&)>> steps) {
-    HeadlessDesktop::Instance().SetRest([steps = std::move(steps)]() mutable {
-      if (steps.empty()) return false;
-      const auto step = std::move(steps.front());
-      steps.pop_front();
-      Person person(HeadlessDesktop::Instance().GetModals().back()->GetManager());
-      step(person);
-      return true;
-    });
-  }
-};
-
 class WindowsTest : public UiPagesTest {
  protected:
   explicit WindowsTest(const std::string& machine = "{}") : UiPagesTest(machine) {
@@ -91,7 +67,7 @@ class WindowsTest : public UiPagesTest {
 
   CIPCMessageClient companion{protocol::kCompanionModule, false};
   CIPCMessageClient manager{protocol::kManagerModule, false};
-  Steps steps;
+  ModalSteps steps;
 
  private:
   std::mutex mutex;
