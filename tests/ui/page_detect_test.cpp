@@ -3,6 +3,7 @@
 #include "platform/machine/current.h"
 #include "platform/machine/machine_files/machine_file.h"
 #include "tests/ui/modal_steps.h"
+#include "tests/ui/stepped_clock.h"
 #include "tests/ui/ui_pages_test.h"
 
 namespace orv::sysdiagnose {
@@ -371,7 +372,42 @@ TEST_F(DetectPageTest, ACancelledRunSaysHowMuchWasTested) {
   EXPECT_EQ(Text(kSecond), L"IDS_HARDWARE_DIAGNOSE_TESTED(2,3)");
 }
 
-class RestartTest : public DetectPageTest {
+/// Repairs take their time.
+class PausingTest : public DetectPageTest {
+ protected:
+  static constexpr int kFirstPauseMs = 500;
+
+ private:
+  SteppedClock steppedClock{1000};
+};
+
+TEST_F(PausingTest, CancelEndsARepairAtEveryMoment) {
+  UseMachine(kFailing);
+  for (int before = 0;; before += 100) {
+    SCOPED_TRACE(before);
+    StartAndEnd(kThree);
+    window.Click(kComplete);
+    RunFor(before);
+    if (!Find(kCancel).IsUsable()) break;
+    Events();
+    window.Click(kCancel);
+    EXPECT_EQ(Text(L"txtSysdiagnoseDetectStopping"), L"IDS_HARDWARE_DIAGNOSE_REPAIR_STOPPING");
+    EXPECT_TRUE(IsVisible(L"txtSysdiagnoseDetectStopping"));
+    EXPECT_EQ(Events(), "") << "of a detection only";
+    RunFor(kLongMs);
+    EXPECT_THAT(std::exchange(switches, {}), ElementsAre(PAGE_ARCHIEVEMENT));
+    EXPECT_TRUE(Find(kCancel).IsEnabled());
+    // The repair that the cancel found in its pause was not made.
+    int made = 0;
+    for (const wchar_t* row : {L"txtResult[1]", L"txtResult[2]", L"txtResult[3]"})
+      if (Text(row) == L"IDS_HARDWARE_DETECT_ITEM_OPERAT_SUCCESS") ++made;
+    EXPECT_EQ(made, before / kFirstPauseMs);
+    ASSERT_LT(before, kLongMs);
+  }
+  EXPECT_EQ(Text(kFirst), L"IDS_HARDWARE_DIAGNOSE_REPAIR_SUCCESS");
+}
+
+class RestartTest : public PausingTest {
  protected:
   RestartTest() {
     std::string machine = kFailing;
@@ -401,11 +437,14 @@ TEST_F(RestartTest, IsAskedForBeforeACancelledRepairEndsToo) {
     EXPECT_THAT(switches, IsEmpty());
     person.Click(L"btnCancel");
   }});
-  while (Text(L"txtResult[1]") != L"IDS_HARDWARE_DETECT_ITEM_OPERAT_SUCCESS")
-    DuiLib::UIMainQueue::RunPending();
-  if (Find(kCancel).IsUsable()) window.Click(kCancel);
+  RunFor(kFirstPauseMs);
+  EXPECT_EQ(Text(L"txtResult[1]"), L"IDS_HARDWARE_DETECT_ITEM_OPERAT_SUCCESS");
+  EXPECT_EQ(Text(L"txtResult[2]"), L"IDS_HARDWARE_DETECT_ITEM_OPERATING");
+  window.Click(kCancel);
   RunFor(kLongMs);
   EXPECT_EQ(asked, 1);
+  EXPECT_THAT(switches, ElementsAre(PAGE_ARCHIEVEMENT));
+  message::WaitUntilDelivered();
   EXPECT_EQ(restarts, 0);
 }
 
