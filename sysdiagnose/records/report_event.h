@@ -8,6 +8,13 @@ namespace orv::sysdiagnose {
 
 /// Numbered events. Published numbers: only ever added to. docs/events.md describes the payloads.
 enum class ReportEvent : std::uint32_t {
+  ModuleEntered = 620000000,
+  DiagnosisAsked = 620000001,  // "scan" on the history page
+  ScanLeft = 620000002,        // "back" on the scan page
+  DetectionAsked = 620000003,  // "detect" on the scan page
+  DetectionCancelled = 620000004,
+  ResultClosed = 620000005,  // "complete" on the detect page
+  ScanCancelled = 620000006,
   HardwareScanned = 620000010,
   ProcessorTested = 620000020,
   MotherboardTested = 620000021,
