@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,10 @@ struct SampleState {
   std::wstring over;                        // the layout of the window over it, or empty
   std::function<void(SampleWindow&)> fillOver;
 };
+
+inline void PrintTo(const SampleState& state, std::ostream* out) {
+  *out << state.name;
+}
 
 /// Every state that a person may see, in the order of a journey.
 const std::vector<SampleState>& SampleStates();
