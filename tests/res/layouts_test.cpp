@@ -176,7 +176,7 @@ TEST_P(SampleTest, NothingOverlapsSticksOutOrIsCutWithoutAnEllipsisInAnyLanguage
   for (const std::string& language : StemsIn("culture")) {
     SCOPED_TRACE(language);
     DuiLib::UICulture::GetInstance()->SetLanguage(language, kResources);
-    for (const auto& window : ShowSample(GetParam())) {
+    for (const auto& window : ShowSample(GetParam(), [](DuiLib::CPaintManagerUI&) {})) {
       window->Manager().LayOut(true);
       ForEachInTree(*window->Manager().GetRoot(), [](CControlUI& control) {
         if (!control.IsShown()) return;
