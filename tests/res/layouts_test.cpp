@@ -6,6 +6,7 @@
 #include "common/file.h"
 #include "common/text.h"
 #include "common/xml_document.h"
+#include "platform/concurrency/task.h"
 #include "platform/duilib/controls/label.h"
 #include "platform/duilib/controls/list.h"
 #include "platform/duilib/layout/horizontal_layout.h"
@@ -15,6 +16,7 @@
 #include "platform/duilib/tree/walk.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "tests/res/sample_pages.h"
+#include "tests/support/in_force.h"
 
 namespace {
 
@@ -97,7 +99,9 @@ INSTANTIATE_TEST_SUITE_P(Layouts, LayoutFileTest, testing::ValuesIn(StemsIn("lay
                          PrintableName);
 
 TEST(PicturesTest, EachCategoryHasItsPictures) {
+  const InForce inForce;
   const orv::sysdiagnose::DetectCatalogue catalogue;
+  concurrency::wait_until_idle();
   for (const auto& [id, category] : catalogue.categories) {
     for (const std::wstring* icon : {&category.icon, &category.smallIcon, &category.altIcon}) {
       const auto image = DuiLib::Image::Parse(*icon);
@@ -172,7 +176,7 @@ TEST_P(SampleTest, NothingOverlapsSticksOutOrIsCutWithoutAnEllipsisInAnyLanguage
   for (const std::string& language : StemsIn("culture")) {
     SCOPED_TRACE(language);
     DuiLib::UICulture::GetInstance()->SetLanguage(language, kResources);
-    for (const auto& window : ShowSample(GetParam())) {
+    for (const auto& window : ShowSample(GetParam(), [](DuiLib::CPaintManagerUI&) {})) {
       window->Manager().LayOut(true);
       ForEachInTree(*window->Manager().GetRoot(), [](CControlUI& control) {
         if (!control.IsShown()) return;

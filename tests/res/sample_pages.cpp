@@ -380,9 +380,10 @@ void AddTab(SampleWindow& window, const std::wstring& title, bool selected) {
 
 }  // namespace
 
-SampleWindow::SampleWindow(DuiLib::Size size) : window(size) {
+SampleWindow::SampleWindow(DuiLib::Size size, const SamplePreparation& prepare) : window(size) {
   Manager().SetSkinFolder(APP_DIR "/res");
   Manager().LoadTheme(L"layout\\theme.xml");
+  prepare(Manager());
 }
 
 void SampleWindow::Open(const std::wstring& layout) {
@@ -438,9 +439,10 @@ const std::vector<SampleState>& SampleStates() {
   return states;
 }
 
-std::vector<std::unique_ptr<SampleWindow>> ShowSample(const SampleState& state) {
+std::vector<std::unique_ptr<SampleWindow>> ShowSample(const SampleState& state,
+                                                      const SamplePreparation& prepare) {
   std::vector<std::unique_ptr<SampleWindow>> windows;
-  windows.push_back(std::make_unique<SampleWindow>(kWindow));
+  windows.push_back(std::make_unique<SampleWindow>(kWindow, prepare));
   SampleWindow& main = *windows.back();
   main.Open(L"manager_window.xml");
   AddTab(main, TextOf(L"IDS_HARDWARE_DETECT"), true);
@@ -450,7 +452,7 @@ std::vector<std::unique_ptr<SampleWindow>> ShowSample(const SampleState& state) 
   state.fill(main);
   main.Manager().LayOut();
   if (state.over.empty()) return windows;
-  windows.push_back(std::make_unique<SampleWindow>(kWindow));
+  windows.push_back(std::make_unique<SampleWindow>(kWindow, prepare));
   SampleWindow& over = *windows.back();
   over.Open(state.over);
   state.fillOver(over);

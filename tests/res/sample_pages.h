@@ -2,16 +2,20 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "platform/duilib/tree/container.h"
 #include "platform/duilib/window/headless_window.h"
 
+using SamplePreparation = std::function<void(DuiLib::CPaintManagerUI&)>;
+
 /// A layout of the installation in a window, and the means to fill it as its owner does.
 class SampleWindow {
  public:
-  explicit SampleWindow(DuiLib::Size size);
+  /// `prepare` gives its manager text measure, scale and brightness.
+  SampleWindow(DuiLib::Size size, const SamplePreparation& prepare);
 
   /// Opens a layout of res/layout; throws when it cannot be built.
   void Open(const std::wstring& layout);
@@ -39,8 +43,13 @@ struct SampleState {
   std::function<void(SampleWindow&)> fillOver;
 };
 
+inline void PrintTo(const SampleState& state, std::ostream* out) {
+  *out << state.name;
+}
+
 /// Every state that a person may see, in the order of a journey.
 const std::vector<SampleState>& SampleStates();
 
 /// The windows of a state, the one below first. The theme has been loaded.
-std::vector<std::unique_ptr<SampleWindow>> ShowSample(const SampleState& state);
+std::vector<std::unique_ptr<SampleWindow>> ShowSample(const SampleState& state,
+                                                      const SamplePreparation& prepare);

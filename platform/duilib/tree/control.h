@@ -120,6 +120,10 @@ class DUILIB_API CControlUI {
   void Notify(const CDuiString& type, std::size_t value = 0);
 
   virtual bool IsFocusable() const { return false; }
+  /// Whether the tab key stops here if it can have the focus; not where another one beside it does
+  /// the same.
+  bool IsTabStop() const { return tabStop; }
+  void SetTabStop(bool value) { tabStop = value; }
   bool IsFocused() const;
   bool IsHovered() const;
   bool IsPressed() const;
@@ -166,6 +170,7 @@ class DUILIB_API CControlUI {
   bool hiddenByTab = false;
   bool enabled = true;
   bool dragHandle = false;
+  bool tabStop = true;
   Length lengthAcross = Length::Shrink();
   Length lengthDown = Length::Shrink();
   Size least;
