@@ -57,6 +57,22 @@ TEST_F(LayoutTest, SmallerOnesStandWhereTheirContainerAlignsThem) {
   EXPECT_EQ(window.Position(L"c"), (Rect{360, 160, 380, 170}));
 }
 
+TEST_F(LayoutTest, TilesShareTheWidthAndEachRowIsAsHighAsItsHighest) {
+  Open(
+      L"<VerticalLayout><TileLayout name='tiles' columns='3' child-padding='5' height='shrink'"
+      L" inset='10,20,10,30'>"
+      L"<Control name='a' width='grow' height='40'/><Control name='b' width='50' height='60'/>"
+      L"<Control name='hidden' visible='false' height='200'/>"
+      L"<Control name='c' width='grow' height='grow' padding='1,2,3,4'/>"
+      L"<Control name='d' width='grow' height='20'/></TileLayout></VerticalLayout>");
+  // 400 - 20 - 2 x 5 = 370 points are 123 for each of three columns.
+  EXPECT_EQ(window.Position(L"a"), (Rect{10, 20, 133, 60}));
+  EXPECT_EQ(window.Position(L"b"), (Rect{138, 20, 188, 80}));
+  EXPECT_EQ(window.Position(L"c"), (Rect{267, 22, 386, 76}));
+  EXPECT_EQ(window.Position(L"d"), (Rect{10, 85, 133, 105}));
+  EXPECT_EQ(window.Position(L"tiles"), (Rect{0, 0, 400, 135}));
+}
+
 TEST_F(LayoutTest, WhatIsHiddenOrOfNoHeightTakesNoRoomAndComesBack) {
   Open(
       L"<VerticalLayout child-padding='8'><Control name='a' height='140' width='grow'/>"

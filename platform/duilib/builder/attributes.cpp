@@ -13,6 +13,7 @@
 #include "platform/duilib/controls/option.h"
 #include "platform/duilib/layout/horizontal_layout.h"
 #include "platform/duilib/layout/tab_layout.h"
+#include "platform/duilib/layout/tile_layout.h"
 #include "platform/duilib/layout/vertical_layout.h"
 
 namespace DuiLib {
@@ -99,6 +100,10 @@ constexpr AttributeRow kOptionRows[] = {
 
 constexpr AttributeRow kListRows[] = {
     {L"line-step", Set<CListUI, ParsePoints, &CListUI::SetLineStep>},
+};
+
+constexpr AttributeRow kTileRows[] = {
+    {L"columns", Set<CTileLayoutUI, ParseColumns, &CTileLayoutUI::SetColumns>},
 };
 
 constexpr AttributeRow kAnimationRows[] = {
@@ -204,6 +209,9 @@ constexpr SetByName kTables[] = {
       return SetByClass<CListUI>(kListRows, control, name, value);
     },
     [](CControlUI& control, std::wstring_view name, std::wstring_view value) {
+      return SetByClass<CTileLayoutUI>(kTileRows, control, name, value);
+    },
+    [](CControlUI& control, std::wstring_view name, std::wstring_view value) {
       return SetByClass<CFrameAnimationUI>(kAnimationRows, control, name, value);
     },
     [](CControlUI& control, std::wstring_view name, std::wstring_view value) {
@@ -231,6 +239,7 @@ constexpr ClassRow kClasses[] = {
     {L"VerticalLayout", Make<CVerticalLayoutUI>},
     {L"HorizontalLayout", Make<CHorizontalLayoutUI>},
     {L"TabLayout", Make<CTabLayoutUI>},
+    {L"TileLayout", Make<CTileLayoutUI>},
     {L"Label", Make<CLabelUI>},
     {L"Button", Make<CButtonUI>},
     {L"Option", Make<COptionUI>},

@@ -31,6 +31,12 @@ std::optional<Length> ParseLength(std::wstring_view text) {
   return points ? std::optional(Length::Number(*points)) : std::nullopt;
 }
 
+std::optional<int> ParseColumns(std::wstring_view text) {
+  constexpr int kMostColumns = 100;
+  const auto number = ParseNumber(text);
+  return number && *number >= 1 && *number <= kMostColumns ? number : std::nullopt;
+}
+
 std::optional<Insets> ParseInsets(std::wstring_view text) {
   std::array<int, 4> sides{};
   for (std::size_t index = 0; index < sides.size(); ++index) {

@@ -18,6 +18,9 @@ std::optional<int> ParsePoints(std::wstring_view text);
 /// "shrink", "grow", "grow:<shares>" from 1 to 100, or points.
 std::optional<Length> ParseLength(std::wstring_view text);
 
+/// A number from 1 to 100.
+std::optional<int> ParseColumns(std::wstring_view text);
+
 /// "left,top,right,bottom" in points.
 std::optional<Insets> ParseInsets(std::wstring_view text);
 
