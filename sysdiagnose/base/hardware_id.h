@@ -22,6 +22,7 @@ enum class enmHardwareID : std::int32_t {
 };
 
 inline constexpr std::int32_t kHardwareIdCount = 12;
+inline constexpr enmHardwareID kNoHardware{-1};
 
 constexpr bool IsCategory(enmHardwareID id) {
   return static_cast<std::int32_t>(id) >= 0 && static_cast<std::int32_t>(id) < kHardwareIdCount;

@@ -54,6 +54,17 @@ class UiPagesTest : public testing::Test {
     return ids;
   }
 
+  /// Runs the pages and their workers for so long, every worker until it waits.
+  void RunFor(int milliseconds) {
+    constexpr int kTick = 20;
+    for (int time = 0; time <= milliseconds; time += kTick) {
+      do {
+        concurrency::wait_until_quiet();
+      } while (DuiLib::UIMainQueue::RunPending() != 0);
+      if (time < milliseconds) window.Tick(std::chrono::milliseconds(kTick));
+    }
+  }
+
   template <typename Class = DuiLib::CControlUI>
   Class& Get(const std::wstring& name) {
     auto* const control = dynamic_cast<Class*>(window.Manager().FindControl(name));

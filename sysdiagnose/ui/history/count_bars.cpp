@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/duilib/tree/paint_manager.h"
 #include "sysdiagnose/base/hardware_id.h"
 #include "sysdiagnose/ui/history/count_text.h"
+#include "sysdiagnose/ui/page/control_tree.h"
 
 namespace orv::sysdiagnose {
 namespace {
@@ -32,9 +32,9 @@ int BarCount(std::int32_t count) {
 }
 
 void DrawBar(const Bar& names, CControlUI* page, std::int32_t count, int total, int step) {
-  CControlUI* const bar = DuiLib::CPaintManagerUI::FindControl(page, names.bar);
-  CControlUI* const rest = DuiLib::CPaintManagerUI::FindControl(page, names.rest);
-  CControlUI* const number = DuiLib::CPaintManagerUI::FindControl(page, names.number);
+  auto* const bar = FindBelow<CControlUI>(page, names.bar);
+  auto* const rest = FindBelow<CControlUI>(page, names.rest);
+  auto* const number = FindBelow<CControlUI>(page, names.number);
   if (bar == nullptr || rest == nullptr || number == nullptr) return;
   const int share = BarCount(count) * step;
   bar->SetWidth(Length::Grow(share));

@@ -90,11 +90,10 @@ void FillDateEntries(DuiLib::CContainerUI& column, const std::vector<HistoryReco
 void MarkChosenEntry(DuiLib::CContainerUI& column) {
   for (std::size_t index = 0; index < column.GetCount(); ++index) {
     CControlUI* const entry = column.GetItemAt(index);
-    auto* const text =
-        dynamic_cast<CLabelUI*>(DuiLib::CPaintManagerUI::FindControl(entry, kText));
+    auto* const text = FindBelow<CLabelUI>(entry, kText);
     if (text == nullptr) continue;
-    const CControlUI* const option = DuiLib::CPaintManagerUI::FindControl(
-        entry, std::wstring(kDateOption) + text->GetUserData());
+    const std::wstring optionName = std::wstring(kDateOption) + text->GetUserData();
+    const auto* const option = FindBelow<COptionUI>(entry, optionName.c_str());
     const bool chosen = option != nullptr && option->IsSelected();
     text->SetFont(chosen ? kChosenFont : kFont);
     text->SetTextColour(Colour::Named(chosen ? kChosenColour : kColour));

@@ -2,23 +2,24 @@
 
 #include <string>
 
-#include "platform/duilib/builder/dialog_builder.h"
-#include "platform/duilib/tree/container.h"
-#include "platform/duilib/tree/paint_manager.h"
+#include "sysdiagnose/ui/page/control_tree.h"
 
 namespace orv::sysdiagnose {
 
 /// An item that was just built from its layout into a container, and its controls by their names.
-/// What the layout lacks is passed over. UI thread only.
+/// What the layouts lack is passed over. UI thread only.
 class ItemParts {
  public:
   ItemParts(const wchar_t* layout, DuiLib::CContainerUI& container,
-            DuiLib::CPaintManagerUI* manager)
-      : root(DuiLib::CDialogBuilder().Create(layout, {}, manager, &container)) {}
+            DuiLib::CPaintManagerUI* manager) {
+    auto built = BuildContainer(manager, layout);
+    tree = built.get();
+    container.Add(built.release());
+  }
 
   template <typename Class>
   Class* Find(const wchar_t* name) const {
-    return dynamic_cast<Class*>(DuiLib::CPaintManagerUI::FindControl(root, name));
+    return FindBelow<Class>(tree, name);
   }
   void SetText(const wchar_t* name, const std::wstring& text) const {
     if (auto* const control = Find<DuiLib::CControlUI>(name)) control->SetText(text);
@@ -28,7 +29,7 @@ class ItemParts {
   }
 
  private:
-  DuiLib::CControlUI* const root;
+  DuiLib::CContainerUI* tree;
 };
 
 }  // namespace orv::sysdiagnose

@@ -3,9 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/duilib/controls/label.h"
 #include "platform/duilib/notify/notify_pump.h"
-#include "platform/duilib/tree/paint_manager.h"
+#include "sysdiagnose/ui/page/control_tree.h"
 
 namespace orv::sysdiagnose {
 
@@ -47,7 +46,7 @@ class SysdiagnosePage : public DuiLib::CNotifyPump {
   /// The control of that name on this page; null when there is none, or it is of another class.
   template <typename Class>
   Class* Find(const wchar_t* name) const {
-    return dynamic_cast<Class*>(DuiLib::CPaintManagerUI::FindControl(root, name));
+    return FindBelow<Class>(root, name);
   }
   /// Passed over when there is no such control.
   void SetText(const wchar_t* name, const std::wstring& text) const;

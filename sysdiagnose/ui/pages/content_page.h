@@ -23,6 +23,9 @@ class ContentPage : public SysdiagnosePage {
     if (switchPage) switchPage(type);
   }
 
+  /// Shows one of two bars that share a place. False, with nothing done, when one is missing.
+  bool ShowBar(const wchar_t* shown, const wchar_t* hidden) const;
+
  private:
   SwitchPageCallback switchPage;
 };
