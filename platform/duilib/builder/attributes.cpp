@@ -77,6 +77,7 @@ constexpr AttributeRow kControlRows[] = {
     {L"visible", Set<CControlUI, ParseBool, &CControlUI::SetVisible>},
     {L"enabled", Set<CControlUI, ParseBool, &CControlUI::SetEnabled>},
     {L"drag-handle", Set<CControlUI, ParseBool, &CControlUI::SetDragHandle>},
+    {L"tab-stop", Set<CControlUI, ParseBool, &CControlUI::SetTabStop>},
 };
 
 constexpr AttributeRow kContainerRows[] = {

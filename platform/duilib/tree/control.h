@@ -116,6 +116,9 @@ class DUILIB_API CControlUI {
   void Notify(const CDuiString& type, std::size_t value = 0);
 
   virtual bool IsFocusable() const { return false; }
+  /// Whether the Tab key stops there if it is focusable.
+  bool IsTabStop() const { return tabStop; }
+  void SetTabStop(bool value) { tabStop = value; }
   bool IsFocused() const;
   bool IsHovered() const;
   bool IsPressed() const;
@@ -162,6 +165,7 @@ class DUILIB_API CControlUI {
   bool hiddenByTab = false;
   bool enabled = true;
   bool dragHandle = false;
+  bool tabStop = true;
   Length lengthAcross = Length::Shrink();
   Length lengthDown = Length::Shrink();
   Size least;

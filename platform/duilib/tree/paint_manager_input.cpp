@@ -10,7 +10,8 @@ namespace {
 std::vector<CControlUI*> TabOrder(CControlUI& root) {
   std::vector<CControlUI*> order;
   ForEachInTree(root, [&](CControlUI& control) {
-    if (control.IsFocusable() && control.IsUsable()) order.push_back(&control);
+    if (control.IsTabStop() && control.IsFocusable() && control.IsUsable())
+      order.push_back(&control);
   });
   return order;
 }

@@ -44,9 +44,9 @@ void Ask(const PageRun& answers, Query query, std::function<void()> failed) {
         try {
           query(link);
         } catch (...) {
-          SYSDIAGNOSE_LOG_ERROR("The history page asked in vain: " +
-                                common::DescribeCurrentException() +
-                                "(orv::sysdiagnose::PageArchievement)");
+          SYSDIAGNOSE_LOG_ERROR(
+              "The history page asked in vain: " + common::DescribeCurrentException() +
+              "(orv::sysdiagnose::PageArchievement)");
           link.Post(failed);
         }
       });
@@ -77,7 +77,8 @@ void PageArchievement::Refresh() {
 }
 
 void PageArchievement::AskForCategories() {
-  Ask(*runAnswers,
+  Ask(
+      *runAnswers,
       [this](const PageRun::Link& link) {
         link.Post([this, offered = OfferedCategories(DetectCatalogue::Instance())] {
           if (auto* const area = Find<CContainerUI>(kCategories))
@@ -89,7 +90,8 @@ void PageArchievement::AskForCategories() {
 
 // A store that does not answer is not taken for one without runs.
 void PageArchievement::AskForRuns() {
-  Ask(*runAnswers,
+  Ask(
+      *runAnswers,
       [this](const PageRun::Link& link) {
         LoadDailyHistory(kDateEntries, [&](const std::vector<HistoryRecord>& runs) {
           link.Post([this, runs] { ShowRuns(runs); });
@@ -141,7 +143,8 @@ void PageArchievement::OnSelectChanged(DuiLib::TNotifyUI& notification) {
 
 void PageArchievement::AskForDetail(std::int32_t secondTime) {
   detailAnswers.emplace();
-  Ask(*detailAnswers,
+  Ask(
+      *detailAnswers,
       [this, secondTime](const PageRun::Link& link) {
         LoadHistoryRecord(secondTime, [&](bool found, const HistoryRecord& run) {
           if (!found) return link.Post([this] { ClearDetail(UnreadableHistory()); });
