@@ -114,6 +114,21 @@ TEST_F(BuilderTest, ACallerMayBringClassesOfItsOwn) {
   EXPECT_NE(CPaintManagerUI::FindControl(tree.get(), L"in"), nullptr);
 }
 
+TEST_F(BuilderTest, AStyleGivesWhatTheElementDoesNotNameItself) {
+  window.Manager().GetTheme().Read(
+      "<Theme><Style name='main' width='150' height='40' font='3' colour='x'/></Theme>", "theme");
+  TestLog::Instance().Take();
+  Open(
+      L"<Container>\n<Button name='button' height='44' style='main'/><Label style='none'/>"
+      L"</Container>");
+  EXPECT_EQ(Get<CButtonUI>(L"button").GetWidth(), Length::Number(150));
+  EXPECT_EQ(Get<CButtonUI>(L"button").GetHeight(), Length::Number(44));
+  EXPECT_EQ(Get<CButtonUI>(L"button").GetFont(), 3);
+  const std::string log = TestLog::Instance().Take();
+  EXPECT_NE(log.find("2:35: style main: unknown attribute colour"), std::string::npos) << log;
+  EXPECT_NE(log.find("2:56: unknown style none"), std::string::npos) << log;
+}
+
 TEST_F(BuilderTest, ColoursOfTheThemeHaveALightAndADarkNumberAndCodeIsAlphaFirst) {
   WriteText(folder.path / "theme.xml",
             "<Theme>\n<Colour name='ink' light='#112233' dark='#80AABBCC'/>\n"
@@ -123,8 +138,8 @@ TEST_F(BuilderTest, ColoursOfTheThemeHaveALightAndADarkNumberAndCodeIsAlphaFirst
   CPaintManagerUI& manager = window.Manager();
   manager.LoadTheme(L"theme.xml");
   const std::string log = TestLog::Instance().Take();
-  EXPECT_NE(log.find("theme.xml:3:2: no font or colour of a theme: <Colour>"), std::string::npos);
-  EXPECT_NE(log.find("theme.xml:4:43: no font or colour of a theme: <Font>"), std::string::npos);
+  EXPECT_NE(log.find("theme.xml:3:2: no font, colour or style: <Colour>"), std::string::npos);
+  EXPECT_NE(log.find("theme.xml:4:43: no font, colour or style: <Font>"), std::string::npos);
 
   EXPECT_EQ(manager.ArgbOf(Colour::Named(L"ink")), 0xFF112233u);
   manager.SetBrightness(Theme::Brightness::kDark);
