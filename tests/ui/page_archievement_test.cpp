@@ -196,7 +196,7 @@ TEST_F(HistoryPageTest, AChosenRunTellsWhatItFoundInEachCategory) {
   Store(kMidnight - kDay, 5, 0, "2019.03.06");
   Enter();
   EXPECT_EQ(Text(L"txtSysdiagnoseDetailDate"), "2019.03.07");
-  EXPECT_EQ(Text(L"txtSysdiagnoseDetailTested"), "IDS_HARDWARE_DETECT_MAIN_TESTED(2,3)");
+  EXPECT_EQ(Text(L"txtSysdiagnoseDetailTested"), "IDS_HARDWARE_DIAGNOSE_TESTED(2,3)");
   EXPECT_EQ(Text(L"txtSysdiagnoseDateItemsTips"), "IDS_HARDWARE_DIAGNOSE_NUM_NORMAL(1)");
   EXPECT_TRUE(Get(L"txtSysdiagnoseDateItemsTips").IsShown());
   EXPECT_THAT(Rows(), ElementsAre("IDS_HARDWARE_DETECT_CPU drawable/hardware/ic_cheackout.png",

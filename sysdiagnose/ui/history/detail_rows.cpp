@@ -69,7 +69,7 @@ std::wstring TestedText(const std::vector<DetailRow>& rows) {
   if (untested == 0) return {};
   const auto all = static_cast<std::ptrdiff_t>(rows.size());
   return DuiLib::UICulture::GetInstance()->GetMultiVarStr(
-      L"IDS_HARDWARE_DETECT_MAIN_TESTED", {std::to_wstring(all - untested), std::to_wstring(all)});
+      L"IDS_HARDWARE_DIAGNOSE_TESTED", {std::to_wstring(all - untested), std::to_wstring(all)});
 }
 
 }  // namespace orv::sysdiagnose

@@ -8,6 +8,7 @@
 #include "platform/concurrency/task.h"
 #include "platform/duilib/controls/option.h"
 #include "sysdiagnose/base/log.h"
+#include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/records/history_store.h"
 #include "sysdiagnose/records/report_event.h"
 #include "sysdiagnose/ui/history/category_tiles.h"
