@@ -8,6 +8,7 @@
 #include "platform/duilib/controls/option.h"
 #include "sysdiagnose/ui/history/count_text.h"
 #include "sysdiagnose/ui/history/date_label.h"
+#include "tests/support/fake_machine.h"
 #include "tests/support/history_row.h"
 #include "tests/ui/ui_pages_test.h"
 
@@ -67,7 +68,7 @@ TEST(DateLabel, TheDayBeginsByTheLocalClock) {
 /// The history page in a window, with the layouts that are installed.
 class HistoryPageTest : public UiPagesTest {
  protected:
-  HistoryPageTest() : UiPagesTest(R"({"info": {"CDisk": {"GetCaption": ["Disk A"]}}})") {
+  HistoryPageTest() : UiPagesTest(R"({"info": {"CDisk": {"GetTotalVendorCapacity": [512]}}})") {
     std::filesystem::copy(APP_DIR "/res/layout", inForce.folder.path / "res/layout",
                           std::filesystem::copy_options::recursive |
                               std::filesystem::copy_options::overwrite_existing);
@@ -212,6 +213,30 @@ TEST_F(HistoryPageTest, AChosenRunTellsWhatItFoundInEachCategory) {
   Get<COptionUI>(L"optSysdiagnoseDateItem7").Selected(true);  // has no run
   RunFor(0);
   EXPECT_EQ(Text(L"txtSysdiagnoseDetailDate"), "2019.03.06");
+}
+
+/// A machine that tells of its devices only when the gate is open.
+class SlowMachine final : public FakeMachine {
+ public:
+  const machine::Inventory& Info() override {
+    gate.send(gate.receive());
+    return FakeMachine::Info();
+  }
+  concurrency::unbounded_buffer<int> gate;
+};
+
+TEST_F(HistoryPageTest, DeviceNamesComeWhenTheyHaveBeenRead) {
+  auto slow = std::make_unique<SlowMachine>();
+  SlowMachine& machine = *slow;
+  machine.inventory = machine::Current().Info();
+  machine::SetCurrent(std::move(slow));
+  Store(kNoon, 1, 1);
+  Enter();
+  EXPECT_EQ(Text(L"lstSysdiagnoseArchieve/txtName[1]"), "IDS_HARDWARE_DETECT_DISK");
+  EXPECT_EQ(Text(L"lstSysdiagnoseArchieve/txtDescription[1]"), "");
+  machine.gate.send(0);
+  RunFor(0);
+  EXPECT_EQ(Text(L"lstSysdiagnoseArchieve/txtDescription[1]"), "512 GB");
 }
 
 TEST_F(HistoryPageTest, BarsAndNumbersGrowInTwentySteps) {

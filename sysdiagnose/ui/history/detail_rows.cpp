@@ -9,6 +9,8 @@
 namespace orv::sysdiagnose {
 namespace {
 
+constexpr const wchar_t* kDescription = L"txtDescription";
+
 struct Status {
   const wchar_t* icon;
   const wchar_t* toolTip;  // string id
@@ -59,8 +61,15 @@ void FillDetailRows(DuiLib::CContainerUI& list, const std::vector<DetailRow>& ro
     const ItemParts item(L"layout\\sysdiagnose_archievement_detail.xml", list, manager);
     item.SetImage(L"ctlIcon", row.icon);
     item.SetText(L"txtName", row.name);
-    item.SetText(L"txtDescription", row.description);
+    item.SetText(kDescription, row.description);
     ShowStatus(item, row.code);
+  }
+}
+
+void UpdateDescriptions(DuiLib::CContainerUI& list, const std::vector<DetailRow>& rows) {
+  for (std::size_t index = 0; index < std::min(rows.size(), list.GetCount()); ++index) {
+    if (auto* const text = FindBelow<DuiLib::CControlUI>(list.GetItemAt(index), kDescription))
+      text->SetText(rows[index].description);
   }
 }
 

@@ -25,6 +25,9 @@ std::vector<DetailRow> MakeDetailRows(const HistoryRecord& run, const DetectCata
 void FillDetailRows(DuiLib::CContainerUI& list, const std::vector<DetailRow>& rows,
                     DuiLib::CPaintManagerUI* manager);
 
+/// Writes the descriptions of the rows that stand in the list anew. UI thread only.
+void UpdateDescriptions(DuiLib::CContainerUI& list, const std::vector<DetailRow>& rows);
+
 /// How many of the rows were tested: "5 of 12 tested"; empty when all were.
 std::wstring TestedText(const std::vector<DetailRow>& rows);
 

@@ -142,6 +142,7 @@ void PageArchievement::OnSelectChanged(DuiLib::TNotifyUI& notification) {
   if (auto* const dates = Find<CContainerUI>(kDates)) MarkChosenEntry(*dates);
 }
 
+// What the catalogue has not read yet is shown when it has.
 void PageArchievement::AskForDetail(std::int32_t secondTime) {
   detailAnswers.emplace();
   Ask(
@@ -149,8 +150,11 @@ void PageArchievement::AskForDetail(std::int32_t secondTime) {
       [this, secondTime](const PageRun::Link& link) {
         LoadHistoryRecord(secondTime, [&](bool found, const HistoryRecord& run) {
           if (!found) return link.Post([this] { ClearDetail(UnreadableHistory()); });
-          link.Post([this, run, rows = MakeDetailRows(run, DetectCatalogue::Instance())] {
-            ShowDetail(run, rows);
+          const DetectCatalogue& catalogue = DetectCatalogue::Instance();
+          link.Post([this, run, rows = MakeDetailRows(run, catalogue)] { ShowDetail(run, rows); });
+          catalogue.WaitUntilFilled();
+          link.Post([this, rows = MakeDetailRows(run, catalogue)] {
+            if (auto* const list = Find<CContainerUI>(kDetailList)) UpdateDescriptions(*list, rows);
           });
         });
       },
