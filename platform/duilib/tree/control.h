@@ -116,7 +116,8 @@ class DUILIB_API CControlUI {
   void Notify(const CDuiString& type, std::size_t value = 0);
 
   virtual bool IsFocusable() const { return false; }
-  /// Whether the Tab key stops there if it is focusable.
+  /// Whether the tab key stops here if it can have the focus; not where another one beside it does
+  /// the same.
   bool IsTabStop() const { return tabStop; }
   void SetTabStop(bool value) { tabStop = value; }
   bool IsFocused() const;
