@@ -30,7 +30,8 @@ TEST_F(BuilderTest, EachMistakeIsOneLineWithItsPlaceAndTheRestIsBuilt) {
       "         width='wide' text='&lt;seen&gt;'/>\n"
       "  <Slider/>\n"
       "  <Label image='file = \"none.png\"' text-colour='#12345'/>\n"
-      "  <Label image=\"file='drawable/none.png'\" font='16' background='ink'><Control/></Label>\n"
+      "  <Label image=\"file='drawable/none.png'\" font='16' "
+      "background='paper'><Control/></Label>\n"
       "  <Label image=\"file='drawable\\none.png'\"/>\n"
       "</VerticalLayout>");
   for (const char* line :
@@ -38,8 +39,8 @@ TEST_F(BuilderTest, EachMistakeIsOneLineWithItsPlaceAndTheRestIsBuilt) {
         "a.xml:4:4: unknown element <Slider>",
         "a.xml:5:10: 'file = \"none.png\"' is no value of image",
         "a.xml:5:36: '#12345' is no value of text-colour", "a.xml:6:4: there is no picture ",
-        "a.xml:6:4: unknown font 16", "a.xml:6:4: unknown colour ink",
-        "a.xml:6:71: <Label> holds no other controls"}) {
+        "a.xml:6:4: unknown font 16", "a.xml:6:4: unknown colour paper",
+        "a.xml:6:73: <Label> holds no other controls"}) {
     EXPECT_NE(log.find(line), std::string::npos) << line << " in\n" << log;
   }
   // The missing picture is told once.
@@ -114,6 +115,21 @@ TEST_F(BuilderTest, ACallerMayBringClassesOfItsOwn) {
   EXPECT_NE(CPaintManagerUI::FindControl(tree.get(), L"in"), nullptr);
 }
 
+TEST_F(BuilderTest, AStyleGivesWhatTheElementDoesNotNameItself) {
+  window.Manager().GetTheme().Read(
+      "<Theme><Style name='main' width='150' height='40' font='3' colour='x'/></Theme>", "theme");
+  TestLog::Instance().Take();
+  Open(
+      L"<Container>\n<Button name='button' height='44' style='main'/><Label style='none'/>"
+      L"</Container>");
+  EXPECT_EQ(Get<CButtonUI>(L"button").GetWidth(), Length::Number(150));
+  EXPECT_EQ(Get<CButtonUI>(L"button").GetHeight(), Length::Number(44));
+  EXPECT_EQ(Get<CButtonUI>(L"button").GetFont(), 3);
+  const std::string log = TestLog::Instance().Take();
+  EXPECT_NE(log.find("2:35: style main: unknown attribute colour"), std::string::npos) << log;
+  EXPECT_NE(log.find("2:56: unknown style none"), std::string::npos) << log;
+}
+
 TEST_F(BuilderTest, ColoursOfTheThemeHaveALightAndADarkNumberAndCodeIsAlphaFirst) {
   WriteText(folder.path / "theme.xml",
             "<Theme>\n<Colour name='ink' light='#112233' dark='#80AABBCC'/>\n"
@@ -123,8 +139,8 @@ TEST_F(BuilderTest, ColoursOfTheThemeHaveALightAndADarkNumberAndCodeIsAlphaFirst
   CPaintManagerUI& manager = window.Manager();
   manager.LoadTheme(L"theme.xml");
   const std::string log = TestLog::Instance().Take();
-  EXPECT_NE(log.find("theme.xml:3:2: no font or colour of a theme: <Colour>"), std::string::npos);
-  EXPECT_NE(log.find("theme.xml:4:43: no font or colour of a theme: <Font>"), std::string::npos);
+  EXPECT_NE(log.find("theme.xml:3:2: no font, colour or style: <Colour>"), std::string::npos);
+  EXPECT_NE(log.find("theme.xml:4:43: no font, colour or style: <Font>"), std::string::npos);
 
   EXPECT_EQ(manager.ArgbOf(Colour::Named(L"ink")), 0xFF112233u);
   manager.SetBrightness(Theme::Brightness::kDark);

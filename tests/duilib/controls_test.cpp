@@ -14,7 +14,8 @@ class ControlsTest : public UiTest {};
 constexpr const wchar_t* kThreeButtons =
     L"<VerticalLayout><Button name='a' text='A' height='20' width='50'/>"
     L"<Container name='box' height='40'><Button name='b' height='20' width='50'/></Container>"
-    L"<Button name='c' height='20' width='50'/></VerticalLayout>";
+    L"<Button name='c' height='20' width='50'/>"
+    L"<Button name='passed over' tab-stop='false'/></VerticalLayout>";
 
 TEST_F(ControlsTest, AClickCountsOnlyWhereItBeganAndEndedAndIsAllowed) {
   Open(kThreeButtons);

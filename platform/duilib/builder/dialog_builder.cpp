@@ -19,6 +19,7 @@ namespace {
 
 using common::XmlElement;
 using Part = rapidxml::xml_base<char>;
+using Attribute = rapidxml::xml_attribute<char>;
 
 constexpr int kMostControls = 10'000;
 
@@ -32,6 +33,14 @@ std::wstring Name(const Part& part) {
 
 std::string NarrowName(const Part& part) {
   return {part.name(), part.name_size()};
+}
+
+std::string NarrowValue(const Part& part) {
+  return {part.value(), part.value_size()};
+}
+
+std::wstring Value(const Part& part) {
+  return common::Utf8ToWide(NarrowValue(part));
 }
 
 // Builds the controls of one document. Elements are nested as deep as the document reader allows.
@@ -50,10 +59,7 @@ class TreeBuilder {
       Warn(document.Place(element) + "unknown element <" + NarrowName(element) + ">");
       return nullptr;
     }
-    for (auto attribute = element.first_attribute(); attribute != nullptr;
-         attribute = attribute->next_attribute()) {
-      SetAttributeOf(*control, *attribute);
-    }
+    SetAttributes(*control, element);
     CheckResources(*control, element);
     BuildChildren(*control, element);
     return control;
@@ -67,17 +73,34 @@ class TreeBuilder {
     return control;
   }
 
-  void SetAttributeOf(CControlUI& control, const rapidxml::xml_attribute<char>& attribute) const {
-    const std::string value(attribute.value(), attribute.value_size());
-    const AttributeResult result =
-        SetAttribute(control, Name(attribute), common::Utf8ToWide(value));
-    if (result == AttributeResult::kSet) return;
-    const std::string where = document.Place(attribute);
-    if (result == AttributeResult::kUnknown) {
-      Warn(where + "unknown attribute " + NarrowName(attribute));
-    } else {
-      Warn(where + "'" + value + "' is no value of " + NarrowName(attribute));
+  // Those of a style come first, so that the element's own hold.
+  void SetAttributes(CControlUI& control, const XmlElement& element) const {
+    if (const auto* const style = element.first_attribute("style")) SetStyle(control, *style);
+    for (auto attribute = element.first_attribute(); attribute != nullptr;
+         attribute = attribute->next_attribute()) {
+      const std::wstring name = Name(*attribute);
+      if (name == L"style") continue;
+      SetAttributeOf(control, name, Value(*attribute), document.Place(*attribute));
     }
+  }
+
+  void SetStyle(CControlUI& control, const Attribute& attribute) const {
+    if (manager == nullptr) return;
+    const std::string where = document.Place(attribute);
+    const NamedAttributes* const style = manager->GetTheme().FindStyle(Value(attribute));
+    if (style == nullptr) return Warn(where + "unknown style " + NarrowValue(attribute));
+    for (const auto& [name, value] : *style) {
+      SetAttributeOf(control, name, value, where + "style " + NarrowValue(attribute) + ": ");
+    }
+  }
+
+  static void SetAttributeOf(CControlUI& control, const std::wstring& name,
+                             const std::wstring& value, const std::string& where) {
+    const AttributeResult result = SetAttribute(control, name, value);
+    if (result == AttributeResult::kSet) return;
+    const std::string narrowName = common::WideToUtf8(name);
+    if (result == AttributeResult::kUnknown) return Warn(where + "unknown attribute " + narrowName);
+    Warn(where + "'" + common::WideToUtf8(value) + "' is no value of " + narrowName);
   }
 
   // What the manager would not find when it paints.
@@ -94,7 +117,8 @@ class TreeBuilder {
 
   void CheckLook(const Look& look, const XmlElement& element) const {
     if (look.image) manager->CheckImage(*look.image, document.Place(element));
-    for (const auto* colour : {&look.background, &look.gradientEnd, &look.border, &look.text}) {
+    for (const auto* colour :
+         {&look.background, &look.gradientEnd, &look.tint, &look.border, &look.text}) {
       if (!*colour || (*colour)->Name().empty()) continue;
       if (manager->GetTheme().HasColour((*colour)->Name())) continue;
       Warn(document.Place(element) + "unknown colour " + common::WideToUtf8((*colour)->Name()));

@@ -49,6 +49,22 @@ bool ReadColour(const XmlElement& element, Theme& theme) {
   return true;
 }
 
+// Its attributes are looked at where a layout uses it.
+bool ReadStyle(const XmlElement& element, Theme& theme) {
+  const std::wstring name = Attribute(element, "name");
+  if (name.empty()) return false;
+  NamedAttributes attributes;
+  for (auto attribute = element.first_attribute(); attribute != nullptr;
+       attribute = attribute->next_attribute()) {
+    const std::string attributeName(attribute->name(), attribute->name_size());
+    if (attributeName == "name") continue;
+    attributes.emplace_back(common::Utf8ToWide(attributeName),
+                            Attribute(element, attributeName.c_str()));
+  }
+  theme.SetStyle(name, std::move(attributes));
+  return true;
+}
+
 }  // namespace
 
 void Theme::Read(std::string_view xml, std::string_view name) {
@@ -61,12 +77,27 @@ void Theme::Read(std::string_view xml, std::string_view name) {
       if (child->type() != rapidxml::node_element) continue;
       const std::string kind(child->name(), child->name_size());
       const bool read = (kind == "Font" && ReadFont(*child, *this)) ||
-                        (kind == "Colour" && ReadColour(*child, *this));
-      if (!read) Warn(document.Place(*child) + "no font or colour of a theme: <" + kind + ">");
+                        (kind == "Colour" && ReadColour(*child, *this)) ||
+                        (kind == "Style" && ReadStyle(*child, *this));
+      if (!read) Warn(document.Place(*child) + "no font, colour or style: <" + kind + ">");
     }
   } catch (const common::XmlError& error) {
     Warn(error.what());
   }
+}
+
+const NamedAttributes* Theme::FindStyle(const std::wstring& name) const {
+  const auto found = styles.find(name);
+  return found == styles.end() ? nullptr : &found->second;
+}
+
+std::map<std::wstring, Theme::Shades> Theme::OwnColours() {
+  return {
+      {L"window", {0xFFF5F6FA, 0xFF15171E}},     {L"ink", {0xFF1A1C24, 0xFFECEEF5}},
+      {L"link", {0xFF2D78FC, 0xFF8B9BFF}},       {L"shadow", {0x14202850, 0x50000000}},
+      {L"veil", {0x66101218, 0x99000000}},       {L"scroll-bar", {0x40202838, 0x50ECEEF5}},
+      {L"focus-ring", {0xFF7B6EF9, 0xFF8B9BFF}},
+  };
 }
 
 Font Theme::FontOf(int number) const {

@@ -55,6 +55,8 @@ class DUILIB_API CControlUI {
   /// Whether it wants to be seen; an invisible one takes no room.
   bool IsVisible() const { return visible; }
   void SetVisible(bool value);
+  /// Whether it is in a tab that does not show it.
+  bool IsHiddenByTab() const { return hiddenByTab; }
   /// Whether it and all above it want to be seen, and no tab hides them.
   bool IsShown() const;
   bool IsEnabled() const { return enabled; }
@@ -100,6 +102,8 @@ class DUILIB_API CControlUI {
   void SetImage(const CDuiString& expression);
   void SetBorder(int points, Colour colour);
   void SetRadius(int points);
+  /// A shadow so many points soft around it; 0 for none.
+  void SetShadow(int points);
   /// The look now.
   Look GetLook() const;
   virtual bool IsSelected() const { return false; }
@@ -116,6 +120,10 @@ class DUILIB_API CControlUI {
   void Notify(const CDuiString& type, std::size_t value = 0);
 
   virtual bool IsFocusable() const { return false; }
+  /// Whether the tab key stops here if it can have the focus; not where another one beside it does
+  /// the same.
+  bool IsTabStop() const { return tabStop; }
+  void SetTabStop(bool value) { tabStop = value; }
   bool IsFocused() const;
   bool IsHovered() const;
   bool IsPressed() const;
@@ -162,6 +170,7 @@ class DUILIB_API CControlUI {
   bool hiddenByTab = false;
   bool enabled = true;
   bool dragHandle = false;
+  bool tabStop = true;
   Length lengthAcross = Length::Shrink();
   Length lengthDown = Length::Shrink();
   Size least;
