@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "sysdiagnose/base/hardware_id.h"
 #include "sysdiagnose/ui/items/detect_row.h"
 #include "sysdiagnose/ui/items/folding_item.h"
 

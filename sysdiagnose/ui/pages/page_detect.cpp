@@ -104,12 +104,6 @@ void PageDetect::ShowDetecting() {
 void PageDetect::StartEngine() {
   const PageRun::Link link = run->GetLink();
   const auto verdicts = std::make_shared<Verdicts>();  // on the run's thread
-  const auto endEarly = [this, link, verdicts] {
-    link.Post([this, told = std::exchange(*verdicts, {})] {
-      OnVerdicts(told);
-      OnEndedEarly();
-    });
-  };
   engine.BeginDetectRun(
       selection,
       [this, link, verdicts](enmHardwareID id, tagHardwareDetectInfo& item) {
@@ -130,14 +124,19 @@ void PageDetect::StartEngine() {
           if (CtlDetectItem* const item = ShownItem(id)) item->OfferRepairs();
         });
       },
-      endEarly,
+      [this, link, verdicts] {
+        link.Post([this, told = std::exchange(*verdicts, {})] {
+          OnVerdicts(told);
+          OnCancelled();
+        });
+      },
       [this, link, verdicts](int& abnormal, int& firstAbnormal) {
         link.Post([this, abnormal, firstAbnormal, told = std::exchange(*verdicts, {})] {
           OnVerdicts(told);
           OnFinished(abnormal, firstAbnormal);
         });
       },
-      [endEarly](const std::string&) { endEarly(); },
+      [this, link](const std::string&) { link.Post([this] { OnEndedEarly(); }); },
       [verdicts](enmHardwareID id, bool normal) { verdicts->emplace_back(id, normal); });
 }
 
@@ -207,15 +206,18 @@ void PageDetect::OnFinished(int abnormal, int firstAbnormal) {
   GetPaintManager()->SetTimer(list, kScrollBackTimer, kTickMs);
 }
 
+void PageDetect::OnCancelled() {
+  SetText(kSecondTitle, UICulture::GetInstance()->GetMultiVarStr(
+                            L"IDS_HARDWARE_DIAGNOSE_TESTED",
+                            {std::to_wstring(testedCount), std::to_wstring(selection.size())}));
+  OnEndedEarly();
+}
+
 // Cancelled, or ended by a fault of a library.
 void PageDetect::OnEndedEarly() {
   isActive = false;
   StopTimers();
   for (auto& [id, item] : items) item.StopSigns();
-  if (state == DetectState::Detecting)
-    SetText(kSecondTitle, UICulture::GetInstance()->GetMultiVarStr(
-                              L"IDS_HARDWARE_DIAGNOSE_TESTED",
-                              {std::to_wstring(testedCount), std::to_wstring(selection.size())}));
   if (!AskForRestart()) return;
   SetStopping(false);
   SwitchPage(PAGE_ARCHIEVEMENT);

@@ -51,6 +51,7 @@ class PageDetect final : public ContentPage {
   void OnUnfolded();
   void OnVerdicts(const Verdicts& verdicts);
   void OnFinished(int abnormal, int firstAbnormal);
+  void OnCancelled();
   void OnEndedEarly();
   void AskForLogs();
   void OnLogsAvailable(bool available);
