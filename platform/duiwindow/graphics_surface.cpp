@@ -22,6 +22,21 @@ double FittingRadius(double radius, const wxRect& rect) {
   return std::min({radius, rect.width / 2.0, rect.height / 2.0});
 }
 
+// A word with the blanks behind it, or one wide character.
+std::size_t WordLength(std::wstring_view text) {
+  constexpr wchar_t kFirstWide = 0x2E80;
+  std::size_t length = 1;
+  while (length < text.size()) {
+    const bool isSecondHalf = text[length] >= 0xDC00 && text[length] <= 0xDFFF;
+    const bool begins = text[length] != L' ' && text[length - 1] == L' ';
+    if (!isSecondHalf && (begins || text[length] >= kFirstWide || text[length - 1] >= kFirstWide)) {
+      break;
+    }
+    ++length;
+  }
+  return length;
+}
+
 }  // namespace
 
 // Edges lie on whole dots, so that they are crisp at any scale and neighbours meet.
@@ -109,19 +124,22 @@ void GraphicsSurface::DrawPicture(const std::filesystem::path& file, const DuiLi
                      size.x, size.y);
 }
 
-// Letters of another size are not exactly that much wider: the text is stretched to where it was
-// measured.
+// Letters of another size are not exactly that much wider, so each word begins where it was
+// measured to begin.
 void GraphicsSurface::DrawText(std::wstring_view text, const DuiLib::Font& font, std::uint32_t argb,
                                DuiLib::Point start) {
-  const Texts::Extent own = paints.texts.ExtentAt(scale, font, text);
-  if (own.width <= 0 || ShowsNothing(argb)) return;
-  const double stretch = paints.texts.ExtentAt(1, font, text).width * scale / own.width;
-  context.PushState();
-  context.Translate(AcrossDots(start.x), DownDots(start.y) - own.ascent);
-  context.Scale(stretch, 1);
+  if (ShowsNothing(argb)) return;
   context.SetFont(paints.texts.FontAt(scale, font, argb));
-  context.DrawText(wxString(text.data(), text.size()), 0, 0);
-  context.PopState();
+  const double left = AcrossDots(start.x);
+  const int baseline = DownDots(start.y);
+  double before = 0;  // in points
+  while (!text.empty()) {
+    const std::wstring_view word = text.substr(0, scale == 1 ? text.size() : WordLength(text));
+    const double ascent = paints.texts.ExtentAt(scale, font, word).ascent;
+    context.DrawText(wxString(word.data(), word.size()), left + before * scale, baseline - ascent);
+    before += paints.texts.ExtentAt(1, font, word).width;
+    text.remove_prefix(word.size());
+  }
 }
 
 }  // namespace duiwindow
