@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "platform/duiwindow/graphics_colour.h"
 
@@ -22,19 +23,21 @@ double FittingRadius(double radius, const wxRect& rect) {
   return std::min({radius, rect.width / 2.0, rect.height / 2.0});
 }
 
-// A word with the blanks behind it, or one wide character.
-std::size_t WordLength(std::wstring_view text) {
+// Words with the blanks behind them, and single wide characters.
+std::vector<std::wstring_view> WordsOf(std::wstring_view text) {
   constexpr wchar_t kFirstWide = 0x2E80;
-  std::size_t length = 1;
-  while (length < text.size()) {
-    const bool isSecondHalf = text[length] >= 0xDC00 && text[length] <= 0xDFFF;
-    const bool begins = text[length] != L' ' && text[length - 1] == L' ';
-    if (!isSecondHalf && (begins || text[length] >= kFirstWide || text[length - 1] >= kFirstWide)) {
-      break;
-    }
-    ++length;
+  std::vector<std::wstring_view> words;
+  std::size_t begin = 0;
+  for (std::size_t at = 1; at < text.size(); ++at) {
+    const bool isSecondHalf = text[at] >= 0xDC00 && text[at] <= 0xDFFF;
+    const bool begins = text[at] != L' ' && text[at - 1] == L' ';
+    const bool isWide = text[at] >= kFirstWide || text[at - 1] >= kFirstWide;
+    if (isSecondHalf || !(begins || isWide)) continue;
+    words.push_back(text.substr(begin, at - begin));
+    begin = at;
   }
-  return length;
+  words.push_back(text.substr(begin));
+  return words;
 }
 
 }  // namespace
@@ -124,21 +127,26 @@ void GraphicsSurface::DrawPicture(const std::filesystem::path& file, const DuiLi
                      size.x, size.y);
 }
 
-// Letters of another size are not exactly that much wider, so each word begins where it was
-// measured to begin.
+// Letters of another size are not exactly that much wider: what differs is shared out between the
+// words, so that the text is as wide as it was measured.
 void GraphicsSurface::DrawText(std::wstring_view text, const DuiLib::Font& font, std::uint32_t argb,
                                DuiLib::Point start) {
-  if (ShowsNothing(argb)) return;
-  context.SetFont(paints.texts.FontAt(scale, font, argb));
-  const double left = AcrossDots(start.x);
+  if (text.empty() || ShowsNothing(argb)) return;
   const int baseline = DownDots(start.y);
-  double before = 0;  // in points
-  while (!text.empty()) {
-    const std::wstring_view word = text.substr(0, scale == 1 ? text.size() : WordLength(text));
-    const double ascent = paints.texts.ExtentAt(scale, font, word).ascent;
-    context.DrawText(wxString(word.data(), word.size()), left + before * scale, baseline - ascent);
-    before += paints.texts.ExtentAt(1, font, word).width;
-    text.remove_prefix(word.size());
+  double left = AcrossDots(start.x);
+  context.SetFont(paints.texts.FontAt(scale, font, argb));
+  const std::vector<std::wstring_view> words = scale == 1 ? std::vector{text} : WordsOf(text);
+  double ownWidth = 0;
+  for (const std::wstring_view word : words) {
+    ownWidth += paints.texts.ExtentAt(scale, font, word).width;
+  }
+  const double rest = paints.texts.ExtentAt(1, font, text).width * scale - ownWidth;
+  const double gap = words.size() == 1 ? 0 : rest / static_cast<double>(words.size() - 1);
+  for (const std::wstring_view word : words) {
+    // Letters of different faces stand at different heights in their texts.
+    const Texts::Extent own = paints.texts.ExtentAt(scale, font, word);
+    context.DrawText(wxString(word.data(), word.size()), left, baseline - Rounded(own.ascent));
+    left += own.width + gap;
   }
 }
 

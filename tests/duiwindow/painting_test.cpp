@@ -160,6 +160,26 @@ TEST_F(PaintingTest, FiguresAreEquallyWideAndLinesHoldTheirLetters) {
   }
 }
 
+TEST_F(PaintingTest, LettersOfDifferentFacesStandOnOneLine) {
+  for (const double scale : {1.0, 2.0}) {
+    window.Manager().SetScale(scale);
+    const auto bottom = [&](const wchar_t* text) {
+      Open(std::wstring(L"<Label align='start,start' text='") + text + L"'/>");
+      // The last letter alone, behind the wide one.
+      const int from = static_cast<int>(18 * scale);
+      const Picture picture = Paint();
+      Rect ink;
+      for (int y = 0; y < picture.GetSize().height; ++y) {
+        for (int x = from; x < from + static_cast<int>(14 * scale); ++x) {
+          if ((picture.At(x, y) & 0xFF) < 0x80) ink = ink.Holding({x, y, x + 1, y + 1});
+        }
+      }
+      return ink.bottom;
+    };
+    EXPECT_NEAR(bottom(L"\u8BCA 2"), bottom(L"HH 2"), scale) << scale;
+  }
+}
+
 TEST_F(PaintingTest, EdgesAreCrispAtAnyScale) {
   for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
     window.Manager().SetScale(scale);
