@@ -26,4 +26,7 @@ inline constexpr std::uint32_t kDescriptorAnswer = 0x20000A;
 inline constexpr std::uint32_t kQuietSummary = 0x20000B;
 inline constexpr std::uint32_t kRunSummary = 0x20000D;
 
+inline constexpr std::uint32_t kManagerModule = 0x30000;
+inline constexpr std::uint32_t kRestartRequest = 0xF0006;  // no body: restart the computer
+
 }  // namespace protocol

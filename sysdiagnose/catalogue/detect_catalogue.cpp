@@ -54,6 +54,12 @@ constexpr auto kFillOrder = std::to_array<enmHardwareID>(
      enmHardwareID::Keyboard, enmHardwareID::Bluetooth, enmHardwareID::Fingerprint});
 static_assert(kFillOrder.size() == kHardwareIdCount);
 
+// Tells those who wait for the fill, also when it has failed.
+struct FillEnd {
+  concurrency::unbounded_buffer<int>& filled;
+  ~FillEnd() { filled.send(0); }
+};
+
 }  // namespace
 
 DetectCatalogue& DetectCatalogue::Instance() {
@@ -64,12 +70,20 @@ DetectCatalogue& DetectCatalogue::Instance() {
 DetectCatalogue::DetectCatalogue() {
   ReadItems();
   MakeCategories();
-  concurrency::run_detached([this] { FillDeviceTexts(); });
+  concurrency::run_detached([this] {
+    const FillEnd end{filled};
+    FillDeviceTexts();
+  });
 }
 
 const DetectCategory* DetectCatalogue::Find(enmHardwareID id) const {
   const auto found = categories.find(id);
   return found == categories.end() ? nullptr : &found->second;
+}
+
+// Each one who waits leaves the value to the next.
+void DetectCatalogue::WaitUntilFilled() const {
+  filled.send(filled.receive());
 }
 
 void DetectCatalogue::ReadItems() {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/concurrency/message_blocks.h"
 #include "sysdiagnose/base/hardware_id.h"
 #include "sysdiagnose/catalogue/detect_item.h"
 #include "sysdiagnose/catalogue/shared_text.h"
@@ -42,10 +43,15 @@ class DetectCatalogue {
   /// The display record of an id, or null.
   const DetectCategory* Find(enmHardwareID id) const;
 
+  /// Waits until the background fill has ended. Not on the UI thread.
+  void WaitUntilFilled() const;
+
  private:
   void ReadItems();
   void MakeCategories();
   void FillDeviceTexts();
+
+  mutable concurrency::unbounded_buffer<int> filled;  // holds a value once it is
 };
 
 }  // namespace orv::sysdiagnose

@@ -16,6 +16,7 @@ void DetectRun::Run() const {
     model->SetRunning(category);
     const CategoryOutcome outcome = RunCategory(category, *objects, callbacks);
     model->SetOutcome(category, outcome);
+    if (verdict) verdict(category, outcome.normal);
     if (!outcome.normal && firstAbnormal == -1) firstAbnormal = static_cast<int>(i);
   }
   auto abnormal = static_cast<int>(model->record.failCount);

@@ -14,6 +14,7 @@ struct DetectRun {
   CategoryCallbacks callbacks;
   CancelledCallback cancelled;
   DetectFinishedCallback finished;
+  CategoryVerdictCallback verdict;  // may be empty
 
   void Run() const;
 };

@@ -14,7 +14,8 @@ void DiagnoseEngine::BeginDetectRun(std::vector<enmHardwareID> selection,
                                     ItemStartCallback itemStart, ItemResultCallback itemResult,
                                     CategoryUnknownCallback categoryUnknown,
                                     RepairOfferCallback repairOffer, CancelledCallback cancelled,
-                                    DetectFinishedCallback finished, RunFailedCallback failed) {
+                                    DetectFinishedCallback finished, RunFailedCallback failed,
+                                    CategoryVerdictCallback verdict) {
   RequireSet(itemStart, itemResult, categoryUnknown, repairOffer, cancelled, finished);
   model = std::make_shared<RunModel>();
   model->selection = std::move(selection);
@@ -24,7 +25,8 @@ void DiagnoseEngine::BeginDetectRun(std::vector<enmHardwareID> selection,
                       {std::move(itemStart), std::move(itemResult), std::move(categoryUnknown),
                        std::move(repairOffer)},
                       std::move(cancelled),
-                      std::move(finished)};
+                      std::move(finished),
+                      std::move(verdict)};
   Begin([run] { run.Run(); }, std::move(failed));
 }
 

@@ -42,14 +42,15 @@ class DiagnoseEngine {
  public:
   DiagnoseEngine();
 
-  /// Tests the selected categories in order. Each category tells its items, results and offers; the
-  /// run ends with `cancelled`, with `finished` (the summary is posted and the record stored), or
-  /// with `failed`. Returns at once; throws std::bad_function_call when one of the first six
-  /// callbacks is empty.
+  /// Tests the selected categories in order. Each category tells its items, results and offers, and
+  /// then its verdict as it is counted; the run ends with `cancelled`, with `finished` (the summary
+  /// is posted and the record stored), or with `failed`. Returns at once; throws
+  /// std::bad_function_call when one of the first six callbacks is empty.
   void BeginDetectRun(std::vector<enmHardwareID> selection, ItemStartCallback itemStart,
                       ItemResultCallback itemResult, CategoryUnknownCallback categoryUnknown,
                       RepairOfferCallback repairOffer, CancelledCallback cancelled,
-                      DetectFinishedCallback finished, RunFailedCallback failed = {});
+                      DetectFinishedCallback finished, RunFailedCallback failed = {},
+                      CategoryVerdictCallback verdict = {});
 
   /// Carries out these repairs for the run begun last, category by category in its order, and ends
   /// as a detection run does. To be called when that run is over. Returns at once; throws

@@ -18,6 +18,9 @@ using CategoryUnknownCallback = std::function<void(enmHardwareID, const std::wst
 /// A failed category can be repaired. Both arguments name the category.
 using RepairOfferCallback = std::function<void(int, enmHardwareID, tagRepairItemInfo&)>;
 
+/// A category has come out; in a detection run also one that told no item.
+using CategoryVerdictCallback = std::function<void(enmHardwareID, bool normal)>;
+
 /// How a category came out.
 struct CategoryOutcome {
   bool normal = true;

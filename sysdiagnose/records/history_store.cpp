@@ -124,6 +124,12 @@ bool IsHistoryRecordStored(const RunRecord& record) {
   });
 }
 
+bool IsHistoryReadable() {
+  std::vector<DataManager::Row> rows;
+  return DataManager::Instance().Get("select * from TABLE_HARDWARE_DIAGNOSE where SecondTime=0",
+                                     RETURN_ORDER_DEFAULT, rows);
+}
+
 bool QueryLatestRecordInRange(HistoryRecord& record, std::int32_t before, std::int32_t notBefore) {
   return QueryFirst(
       "select * from TABLE_HARDWARE_DIAGNOSE where SecondTime=(select "

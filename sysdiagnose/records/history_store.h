@@ -16,6 +16,10 @@ void SaveHistoryRecord(RunRecord& record);
 /// Whether the store gives a saved record back, every cell of it.
 bool IsHistoryRecordStored(const RunRecord& record);
 
+/// Whether the store answers a query now. One that does not looks like one without runs to those
+/// below.
+bool IsHistoryReadable();
+
 /// The latest run with notBefore <= secondTime < before. False, with `record` untouched, when there
 /// is none. Throws linb::bad_any_cast, whose text names store, table, row and column, for a row
 /// with a cell of another type: the store was written by somebody else or is damaged, and the run

@@ -30,7 +30,8 @@ TEST_F(BuilderTest, EachMistakeIsOneLineWithItsPlaceAndTheRestIsBuilt) {
       "         width='wide' text='&lt;seen&gt;'/>\n"
       "  <Slider/>\n"
       "  <Label image='file = \"none.png\"' text-colour='#12345'/>\n"
-      "  <Label image=\"file='drawable/none.png'\" font='16' background='ink'><Control/></Label>\n"
+      "  <Label image=\"file='drawable/none.png'\" font='16' "
+      "background='paper'><Control/></Label>\n"
       "  <Label image=\"file='drawable\\none.png'\"/>\n"
       "</VerticalLayout>");
   for (const char* line :
@@ -38,8 +39,8 @@ TEST_F(BuilderTest, EachMistakeIsOneLineWithItsPlaceAndTheRestIsBuilt) {
         "a.xml:4:4: unknown element <Slider>",
         "a.xml:5:10: 'file = \"none.png\"' is no value of image",
         "a.xml:5:36: '#12345' is no value of text-colour", "a.xml:6:4: there is no picture ",
-        "a.xml:6:4: unknown font 16", "a.xml:6:4: unknown colour ink",
-        "a.xml:6:71: <Label> holds no other controls"}) {
+        "a.xml:6:4: unknown font 16", "a.xml:6:4: unknown colour paper",
+        "a.xml:6:73: <Label> holds no other controls"}) {
     EXPECT_NE(log.find(line), std::string::npos) << line << " in\n" << log;
   }
   // The missing picture is told once.

@@ -177,12 +177,12 @@ void AddResult(SampleWindow& window, const Category& category, const std::wstrin
   SetText(row, L"txtDescription", category.device);
   SampleWindow::Find(row, L"ctlIcon").SetImage(Picture(category.icon + std::wstring(L"30")));
   SampleWindow::Find(row, L"ctlStatus").SetImage(picture.empty() ? L"" : Picture(picture));
+  if (picture.empty()) SetText(row, L"txtStatus", TextOf(L"IDS_HARDWARE_REPORT_NOT_TESTED"));
 }
 
 void SetBar(SampleWindow& window, const wchar_t* bar, const wchar_t* number, int count, int of) {
-  window.Manager().LayOut();
-  CControlUI& control = window.Find(bar);
-  control.SetFixedWidth(control.GetParent()->GetPos().Width() * count / of);
+  window.Find(bar).SetWidth(DuiLib::Length::Grow(count));
+  window.Find(bar + std::wstring(L"Rest")).SetWidth(DuiLib::Length::Grow(of - count));
   SetTextIn(window, number, Filled(L"IDS_HARDWARE_DIAGNOSE_NUM", {std::to_wstring(count)}));
 }
 
@@ -191,6 +191,7 @@ void FillHistory(SampleWindow& window, bool cancelled) {
   const auto count = [](const wchar_t* id, int number) {
     return Filled(id, {std::to_wstring(number)});
   };
+  window.Find(L"lytSysdiagnoseHistory").SetVisible(true);
   SetTextIn(window, L"txtSysdiagnoseArchievementSecondTitle",
             count(L"IDS_HARDWARE_DETECT_MAIN_LAST_ABNORM", 2));
   AddDay(window, count(L"IDS_HARDWARE_DETECT_MAIN_BEFORE_DAY", 27), false);
@@ -224,7 +225,6 @@ void FillHistory(SampleWindow& window, bool cancelled) {
 }
 
 void FillInvitation(SampleWindow& window) {
-  window.Find(L"lytSysdiagnoseHistory").SetVisible(false);
   window.Find(L"lytSysdiagnoseInvitation").SetVisible(true);
   SetTextIn(window, L"txtSysdiagnoseArchievementSecondTitle",
             TextOf(L"IDS_HARDWARE_DETECT_MAIN_DETECT_NEW"));

@@ -74,6 +74,7 @@ constexpr AttributeRow kControlRows[] = {
     {L"padding", Set<CControlUI, ParseInsets, &CControlUI::SetPadding>},
     {L"border", SetBorderWidth},
     {L"radius", Set<CControlUI, ParsePoints, &CControlUI::SetRadius>},
+    {L"shadow", Set<CControlUI, ParseShadow, &CControlUI::SetShadow>},
     {L"visible", Set<CControlUI, ParseBool, &CControlUI::SetVisible>},
     {L"enabled", Set<CControlUI, ParseBool, &CControlUI::SetEnabled>},
     {L"drag-handle", Set<CControlUI, ParseBool, &CControlUI::SetDragHandle>},
@@ -140,6 +141,7 @@ constexpr LookRow kLookRows[] = {
     {L"background", SetField<&Look::background, Colour::Parse>},
     {L"gradient", SetGradientOf},
     {L"image", SetField<&Look::image, Image::Parse>},
+    {L"tint", SetField<&Look::tint, Colour::Parse>},
     {L"border-colour", SetField<&Look::border, Colour::Parse>},
     {L"text-colour", SetField<&Look::text, Colour::Parse>},
 };

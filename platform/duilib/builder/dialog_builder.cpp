@@ -117,7 +117,8 @@ class TreeBuilder {
 
   void CheckLook(const Look& look, const XmlElement& element) const {
     if (look.image) manager->CheckImage(*look.image, document.Place(element));
-    for (const auto* colour : {&look.background, &look.gradientEnd, &look.border, &look.text}) {
+    for (const auto* colour :
+         {&look.background, &look.gradientEnd, &look.tint, &look.border, &look.text}) {
       if (!*colour || (*colour)->Name().empty()) continue;
       if (manager->GetTheme().HasColour((*colour)->Name())) continue;
       Warn(document.Place(element) + "unknown colour " + common::WideToUtf8((*colour)->Name()));

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/duilib/builder/number.h"
+#include "platform/duilib/look/style.h"
 
 namespace DuiLib {
 
@@ -15,6 +16,11 @@ std::optional<bool> ParseBool(std::wstring_view text) {
 std::optional<int> ParsePoints(std::wstring_view text) {
   const auto number = ParseNumber(text);
   return number && *number >= 0 && *number <= kMaxLength ? number : std::nullopt;
+}
+
+std::optional<int> ParseShadow(std::wstring_view text) {
+  const auto points = ParsePoints(text);
+  return points && *points <= kMaxShadow ? points : std::nullopt;
 }
 
 std::optional<Length> ParseLength(std::wstring_view text) {

@@ -15,6 +15,9 @@ std::optional<bool> ParseBool(std::wstring_view text);
 /// A number from 0 to kMaxLength.
 std::optional<int> ParsePoints(std::wstring_view text);
 
+/// A number from 0 to 64.
+std::optional<int> ParseShadow(std::wstring_view text);
+
 /// "shrink", "grow", "grow:<shares>" from 1 to 100, or points.
 std::optional<Length> ParseLength(std::wstring_view text);
 

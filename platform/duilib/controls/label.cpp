@@ -82,7 +82,7 @@ int CLabelUI::MeasureHeight(int width) {
 }
 
 const TextLayout& CLabelUI::GetTextLayout() {
-  const TextRoom room{TextRect().Width(), TextRect().Height()};
+  const TextRoom room{TextRoomRect().Width(), TextRoomRect().Height()};
   if (!layout || layoutRoom != room) {
     layout = SetInto(room);
     layoutRoom = room;
@@ -92,7 +92,7 @@ const TextLayout& CLabelUI::GetTextLayout() {
 
 Point CLabelUI::GetTextOrigin() {
   const Size size = GetTextLayout().size;
-  const Rect room = TextRect();
+  const Rect room = TextRoomRect();
   return {room.left + Before(alignAcross, room.Width(), size.width),
           room.top + Before(alignDown, room.Height(), size.height)};
 }
@@ -109,14 +109,24 @@ bool CLabelUI::FollowLink(std::size_t link) {
   return true;
 }
 
-std::optional<std::size_t> CLabelUI::LinkAt(Point point) {
+Point CLabelUI::GetLineOrigin(const TextLine& line) {
   const Point origin = GetTextOrigin();
-  const TextLayout& set = GetTextLayout();
-  for (const TextLine& line : set.lines) {
-    const int start = origin.x + Before(alignAcross, set.size.width, line.width);
+  const int width = GetTextLayout().size.width;
+  return {origin.x + Before(alignAcross, width, line.width), origin.y + line.top};
+}
+
+Rect CLabelUI::GetTextRect() {
+  const Point origin = GetTextOrigin();
+  const Size size = GetTextLayout().size;
+  return {origin.x, origin.y, origin.x + size.width, origin.y + size.height};
+}
+
+std::optional<std::size_t> CLabelUI::LinkAt(Point point) {
+  for (const TextLine& line : GetTextLayout().lines) {
+    const Point corner = GetLineOrigin(line);
     for (const TextPiece& piece : line.pieces) {
-      const Rect place{start + piece.left, origin.y + line.top, start + piece.left + piece.width,
-                       origin.y + line.top + line.height};
+      const int left = corner.x + piece.left;
+      const Rect place{left, corner.y, left + piece.width, corner.y + line.height};
       if (piece.link && place.Contains(point)) return piece.link;
     }
   }

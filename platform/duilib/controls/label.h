@@ -30,6 +30,10 @@ class DUILIB_API CLabelUI : public CControlUI {
   const TextLayout& GetTextLayout();
   /// Where the corner of that text stands in the window.
   Point GetTextOrigin();
+  /// Where the corner of one of its lines stands.
+  Point GetLineOrigin(const TextLine& line);
+  /// The room that the set text takes.
+  Rect GetTextRect();
 
   std::size_t GetLinkCount();
   /// Tells "link"; whether there is one of that number and the label can be used.
@@ -50,7 +54,7 @@ class DUILIB_API CLabelUI : public CControlUI {
   TextLayout SetInto(TextRoom room);
   const std::vector<TextRun>& GetRuns() const;
   void TextRulesChanged();
-  Rect TextRect() const { return GetPos().Without(inset); }
+  Rect TextRoomRect() const { return GetPos().Without(inset); }
   std::optional<std::size_t> LinkAt(Point point);
 
   int font = 0;

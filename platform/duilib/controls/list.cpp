@@ -11,6 +11,9 @@ namespace {
 constexpr std::size_t kScrollTimer = 0;
 constexpr int kScrollPeriod = 16;  // milliseconds
 constexpr int kWheelLines = 3;
+constexpr int kBarWidth = 6;
+constexpr int kBarMargin = 2;
+constexpr int kLeastThumb = 24;
 
 }  // namespace
 
@@ -96,6 +99,19 @@ int CListUI::GetScrollPos() {
 int CListUI::GetScrollRange() {
   LayOutNow();
   return std::max(0, contentHeight - InnerRect().Height());
+}
+
+Rect CListUI::GetScrollThumb() {
+  const int range = GetScrollRange();
+  if (range == 0) return {};
+  const Rect track = GetPos().Without({kBarMargin, kBarMargin, kBarMargin, kBarMargin});
+  const int view = contentHeight - range;
+  const auto share = static_cast<double>(track.Height()) / contentHeight;
+  const int height =
+      std::min(std::max(static_cast<int>(view * share), kLeastThumb), track.Height());
+  const auto way = static_cast<double>(track.Height() - height) / range;
+  const int top = track.top + static_cast<int>(scrollPos * way);
+  return {std::max(track.left, track.right - kBarWidth), top, track.right, top + height};
 }
 
 void CListUI::SetScrollPos(int position) {

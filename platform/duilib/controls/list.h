@@ -22,6 +22,8 @@ class DUILIB_API CListUI : public CContainerUI {
   int GetScrollPos();
   /// The largest scroll position.
   int GetScrollRange();
+  /// Where its scroll bar stands; empty when nothing is out of sight.
+  Rect GetScrollThumb();
   /// At once; kept between 0 and the range.
   void SetScrollPos(int position);
   /// In a few steps that become smaller.

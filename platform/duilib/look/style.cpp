@@ -9,6 +9,7 @@ void Overlay(Look& look, const Look& over) {
   if (over.background) look.background = over.background;
   if (over.gradientEnd) look.gradientEnd = over.gradientEnd;
   if (over.image) look.image = over.image;
+  if (over.tint) look.tint = over.tint;
   if (over.border) look.border = over.border;
   if (over.text) look.text = over.text;
 }

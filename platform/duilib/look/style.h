@@ -14,10 +14,17 @@ struct Look {
   std::optional<Colour> background;
   std::optional<Colour> gradientEnd;  // the background runs into it from left to right
   std::optional<Image> image;
+  std::optional<Colour> tint;  // of the picture, of which then the alpha alone counts
   std::optional<Colour> border;
   std::optional<Colour> text;
   bool operator==(const Look&) const = default;
 };
+
+/// The softest shadow, in points.
+inline constexpr int kMaxShadow = 64;
+
+/// How far beyond a control the ring of the focus reaches, and how wide it is.
+inline constexpr int kFocusRing = 2;
 
 /// The states of a control, from the least to the most telling.
 enum class ControlState { kRest, kFocused, kHovered, kPressed, kDisabled };
@@ -29,6 +36,7 @@ struct Style {
   std::array<Look, kControlStates> selectedLooks;
   int borderWidth = 0;
   int radius = 0;
+  int shadow = 0;  // how soft it is; it lies a quarter of that lower
 
   /// The look in a state: that at rest, over it that of the state, and while selected over these
   /// the selected one and that of the selected state.

@@ -54,8 +54,11 @@ class DUILIB_API Theme {
     std::uint32_t dark = 0;
   };
 
+  /// Those that the painter itself uses; a theme may give them others.
+  static std::map<std::wstring, Shades> OwnColours();
+
   std::map<int, Font> fonts;
-  std::map<std::wstring, Shades> colours;
+  std::map<std::wstring, Shades> colours = OwnColours();
   std::map<std::wstring, NamedAttributes> styles;
   Brightness brightness = Brightness::kLight;
 };

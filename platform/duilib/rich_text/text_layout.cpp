@@ -131,7 +131,7 @@ class Setter {
     std::size_t kept = 0;
     for (TextLine& line : layout.lines) {
       line.top = top;
-      line.height = LineHeight(line);
+      SetHeight(line);
       if (room.height >= 0 && kept > 0 && top + line.height > room.height) break;
       top += line.height;
       ++kept;
@@ -146,12 +146,12 @@ class Setter {
     layout.size.height = top;
   }
 
-  int LineHeight(const TextLine& line) {
-    int height = line.pieces.empty() ? emptyHeight : 0;
+  void SetHeight(TextLine& line) {
+    line.height = line.pieces.empty() ? emptyHeight : 0;
     for (const TextPiece& piece : line.pieces) {
-      height = std::max(height, measure.LineHeight(piece.font));
+      line.height = std::max(line.height, measure.LineHeight(piece.font));
+      line.baseline = std::max(line.baseline, measure.Baseline(piece.font));
     }
-    return height;
   }
 
   void EndInEllipsis(TextLine& line) {

@@ -27,6 +27,7 @@ struct TextLine {
   int top = 0;
   int width = 0;
   int height = 0;
+  int baseline = 0;  // below its top
 };
 
 /// Text set into lines, from the corner of its room.

@@ -199,6 +199,12 @@ void CControlUI::SetRadius(int points) {
   Invalidate();
 }
 
+void CControlUI::SetShadow(int points) {
+  style.shadow = std::clamp(points, 0, kMaxShadow);
+  if (manager != nullptr) manager->NeedReach(style.shadow);
+  Invalidate();
+}
+
 Look CControlUI::GetLook() const {
   const ControlState state = !IsUsable()   ? ControlState::kDisabled
                              : IsPressed() ? ControlState::kPressed
@@ -234,6 +240,7 @@ void CControlUI::SetManager(CPaintManagerUI* value) {
   if (manager == value) return;
   if (manager != nullptr) manager->Forget(*this);
   manager = value;
+  if (manager != nullptr) manager->NeedReach(style.shadow);
   OnManagerChanged();
 }
 

@@ -55,6 +55,8 @@ class DUILIB_API CControlUI {
   /// Whether it wants to be seen; an invisible one takes no room.
   bool IsVisible() const { return visible; }
   void SetVisible(bool value);
+  /// Whether it is in a tab that does not show it.
+  bool IsHiddenByTab() const { return hiddenByTab; }
   /// Whether it and all above it want to be seen, and no tab hides them.
   bool IsShown() const;
   bool IsEnabled() const { return enabled; }
@@ -100,6 +102,8 @@ class DUILIB_API CControlUI {
   void SetImage(const CDuiString& expression);
   void SetBorder(int points, Colour colour);
   void SetRadius(int points);
+  /// A shadow so many points soft around it; 0 for none.
+  void SetShadow(int points);
   /// The look now.
   Look GetLook() const;
   virtual bool IsSelected() const { return false; }

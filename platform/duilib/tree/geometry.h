@@ -53,6 +53,17 @@ struct Rect {
             std::max(bottom - sides.bottom, innerTop)};
   }
 
+  /// With so many points more on each side.
+  Rect GrownBy(int points) const {
+    return {left - points, top - points, right + points, bottom + points};
+  }
+
+  /// Whether the other lies in it; an empty one does.
+  bool Holds(const Rect& other) const {
+    return other.IsEmpty() || (other.left >= left && other.top >= top && other.right <= right &&
+                               other.bottom <= bottom);
+  }
+
   /// What both share; empty when they do not meet.
   Rect Meeting(const Rect& other) const {
     return {std::max(left, other.left), std::max(top, other.top), std::min(right, other.right),

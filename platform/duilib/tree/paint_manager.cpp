@@ -159,7 +159,17 @@ void CPaintManagerUI::Invalidate(const CControlUI& control) {
   for (auto parent = control.GetParent(); parent != nullptr; parent = parent->GetParent()) {
     seen = seen.Meeting(parent->GetPos());
   }
-  damage = damage.Holding(seen);
+  if (seen.IsEmpty()) return;
+  damage = damage.Holding(
+      seen.GrownBy(GetPaintReach()).Meeting({0, 0, clientSize.width, clientSize.height}));
+}
+
+int CPaintManagerUI::GetPaintReach() const {
+  return focus != nullptr && showsFocus ? std::max(shadowReach, kFocusRing) : shadowReach;
+}
+
+void CPaintManagerUI::NeedReach(int shadow) {
+  shadowReach = std::max(shadowReach, shadow + shadow / 4);
 }
 
 Rect CPaintManagerUI::TakeDamage() {

@@ -69,6 +69,10 @@ class DUILIB_API CPaintManagerUI {
   std::size_t GetLayoutCount() const { return layouts; }
   void CountLayout() { ++layouts; }
   void Invalidate(const CControlUI& control);
+  /// How far a control may paint beyond its rectangle: its shadow, the ring of the focus.
+  int GetPaintReach() const;
+  /// A control of the window has a shadow that soft.
+  void NeedReach(int shadow);
   /// What is to be painted anew; empty afterwards.
   Rect TakeDamage();
 
@@ -96,6 +100,8 @@ class DUILIB_API CPaintManagerUI {
 
   // Keyboard and pointer, at unscaled points
   CControlUI* GetFocus() const { return focus; }
+  /// Whether the focus is to be seen: after a key, until the pointer is used.
+  bool ShowsFocus() const { return showsFocus; }
   /// Null takes the focus away.
   void SetFocus(CControlUI* control);
   CControlUI* GetHovered() const { return hovered; }
@@ -137,6 +143,7 @@ class DUILIB_API CPaintManagerUI {
   void RunTimer(std::uint64_t serial, std::chrono::nanoseconds now);
   void MoveFocus(bool forward);
   void Hover(CControlUI* control);
+  void ShowFocus(bool value);
 
   std::vector<std::unique_ptr<CControlUI>> buried;
   std::unique_ptr<CControlUI> root;
@@ -149,6 +156,7 @@ class DUILIB_API CPaintManagerUI {
   bool laysOutAll = false;
   std::size_t layouts = 0;
   Rect damage;
+  int shadowReach = 0;
   std::filesystem::path skinFolder;
   Theme theme;
   std::set<std::wstring> missingImages;
@@ -157,6 +165,7 @@ class DUILIB_API CPaintManagerUI {
   double scale = 1;
   std::function<void()> cancelHook;
   CControlUI* focus = nullptr;
+  bool showsFocus = false;
   CControlUI* hovered = nullptr;
   CControlUI* pressed = nullptr;
 };

@@ -43,8 +43,15 @@ void CPaintManagerUI::MoveFocus(bool forward) {
   SetFocus(order[(at + (forward ? 1 : count - 1)) % count]);
 }
 
+void CPaintManagerUI::ShowFocus(bool value) {
+  if (showsFocus == value) return;
+  showsFocus = value;
+  if (focus != nullptr) focus->Invalidate();
+}
+
 bool CPaintManagerUI::OnKey(Key key) {
   const Delivery delivery(this);
+  ShowFocus(true);
   if (key == Key::kTab || key == Key::kBackTab) {
     MoveFocus(key == Key::kTab);
     return true;
@@ -79,6 +86,7 @@ void CPaintManagerUI::OnMouseLeave() {
 }
 
 void CPaintManagerUI::OnMouseDown(Point point) {
+  ShowFocus(false);
   OnMouseMove(point);
   pressed = hovered != nullptr && hovered->IsUsable() ? hovered : nullptr;
   if (pressed == nullptr) return;

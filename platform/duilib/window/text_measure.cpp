@@ -25,4 +25,8 @@ int SimpleTextMeasure::LineHeight(const Font& font) {
   return font.size * 4 / 3;
 }
 
+int SimpleTextMeasure::Baseline(const Font& font) {
+  return font.size;
+}
+
 }  // namespace DuiLib

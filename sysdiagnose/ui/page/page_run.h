@@ -30,6 +30,9 @@ class PageRun {
     /// Waits until the page lets the run go on.
     void WaitForPage() const;
 
+    /// Whether the page is done with the run. UI thread only.
+    bool IsOver() const { return state->isOver; }
+
    private:
     friend PageRun;
     explicit Link(std::shared_ptr<State> of) : state(std::move(of)) {}

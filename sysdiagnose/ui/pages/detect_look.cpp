@@ -1,0 +1,60 @@
+#include "sysdiagnose/ui/pages/detect_look.h"
+
+#include <array>
+
+#include "platform/duilib/culture/culture.h"
+
+namespace orv::sysdiagnose {
+namespace {
+
+using DuiLib::UICulture;
+
+constexpr const wchar_t* kOk = L"IDS_HARDWARE_DIAGNOSE_OK";
+
+// By state.
+constexpr auto kLooks = std::to_array<DetectLook>({
+    {true, L"IDS_HARDWARE_DIAGNOSE_DOING", nullptr, nullptr, L"IDS_HARDWARE_DIAGNOSE_STOPPING"},
+    {false, L"IDS_HARDWARE_DIAGNOSE_RESULT", kOk, nullptr, nullptr},
+    {true, L"IDS_HARDWARE_DIAGNOSE_REPAIRING", nullptr, nullptr,
+     L"IDS_HARDWARE_DIAGNOSE_REPAIR_STOPPING"},
+    {false, L"IDS_HARDWARE_DIAGNOSE_REPAIR_SUCCESS", kOk, nullptr, nullptr},
+    {false, L"IDS_HARDWARE_DIAGNOSE_REPAIR_FAIL", kOk, L"IDS_HARDWARE_DIAGNOSE_REPAIR_CONTINUE",
+     nullptr},
+});
+static_assert(kLooks.size() == static_cast<std::size_t>(DetectState::RepairFailed) + 1);
+
+constexpr DetectLook kRepairableResult{false, L"IDS_HARDWARE_DIAGNOSE_RESULT",
+                                       L"IDS_HARDWARE_DIAGNOSE_REPAIR",
+                                       L"IDS_HARDWARE_DETECT_BACK_MAIN", nullptr};
+
+// The first character of the scripts that put no blank between words.
+constexpr wchar_t kFirstWide = 0x2E80;
+
+// Two names beside one another.
+std::wstring Joined(const std::wstring& one, const std::wstring& other) {
+  const bool separates =
+      !one.empty() && !other.empty() && one.back() < kFirstWide && other.front() < kFirstWide;
+  return one + (separates ? L" " : L"") + other;
+}
+
+}  // namespace
+
+const DetectLook& LookOf(DetectState state, bool canRepair) {
+  if (state == DetectState::Result && canRepair) return kRepairableResult;
+  return kLooks.at(static_cast<std::size_t>(state));
+}
+
+std::wstring TestingText(const std::wstring& category, const std::wstring& test) {
+  return L"{f 105}{c #7F7F7F}" +
+         UICulture::GetInstance()->GetString(L"IDS_HARDWARE_DIAGNOSE_ITEM") + L" " +
+         Joined(category, test) + L"{/c}{/f}";
+}
+
+std::wstring SummaryText(int abnormal) {
+  UICulture& texts = *UICulture::GetInstance();
+  if (abnormal < 1) return texts.GetString(L"IDS_HARDWARE_DIAGNOSE_RESULT_ABNORM_NOT_FOUND");
+  return texts.GetMultiVarStr(L"IDS_HARDWARE_DIAGNOSE_ABNORM_RESULT_NUM",
+                              {std::to_wstring(abnormal)});
+}
+
+}  // namespace orv::sysdiagnose
