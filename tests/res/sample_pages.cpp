@@ -145,7 +145,8 @@ CContainerUI& AddTest(SampleWindow& window, CContainerUI& item, const std::wstri
   ItemsOf(item).Add(&row);
   SetText(row, L"txtTitle", title);
   SetText(row, L"txtResult", result);
-  FindAs<DuiLib::CLabelUI>(row, L"txtResult").SetTextColour(DuiLib::Colour::Named(L"abnormal"));
+  FindAs<DuiLib::CLabelUI>(row, L"txtResult")
+      .SetTextColour(DuiLib::Colour::Named(verdict == kAtWork ? L"soft" : L"abnormal"));
   ShowVerdict(row, verdict);
   return row;
 }
