@@ -1,5 +1,7 @@
 #include "sysdiagnose/ui/pages/page_detect.h"
 
+#include <regex>
+
 #include "platform/machine/current.h"
 #include "platform/machine/machine_files/machine_file.h"
 #include "tests/ui/modal_steps.h"
@@ -236,12 +238,15 @@ TEST_F(DetectPageTest, ACategoryWithoutItemsCountsAndAFailedTestWithoutAHintSays
 }
 
 TEST_F(DetectPageTest, ADiskThatCannotBeReadSaysSoInItsHeading) {
-  StartAndEndOn(R"({"info": {"CDisk": {"GetCaption": ["A", "B", "C", "D"], "JudgeSSd": [true, true,
-                    true, true]}}, "tests": {"CDiskFaultDetect::CheckSsdSmartResult":
-                    [2, 2, {"code": 1, "flags": [0, 1]}, 2]}})",
-                {Category::Disk});
+  UseMachine(R"({"info": {"CDisk": {"GetCaption": ["A", "B", "C", "D"], "JudgeSSd": [true, true,
+                 true, true]}}, "tests": {"CDiskFaultDetect::CheckSsdSmartResult":
+                    [2, 2, {"code": 1, "flags": [0, 1]}, 2]}})");
   constexpr const wchar_t* kUnreadable = L"IDS_HARDWARE_DIAGNOSE_DISK_UNREADABLE";
-  EXPECT_EQ(Text(L"txtResult[0]"), kUnreadable);
+  Start({Category::Disk});
+  RunFor(20);
+  while (Get<DuiLib::CContainerUI>(L"lytItems").GetCount() < 3) RunFor(20);
+  EXPECT_EQ(Text(L"txtResult[0]"), kUnreadable) << "as soon as that is clear";
+  RunFor(kLongMs);
   EXPECT_EQ(ResultColour(0), 0xFF123456) << "as the layout has it: no verdict";
   EXPECT_EQ(Text(L"txtResult[1]"), kUnreadable);
   EXPECT_EQ(Text(L"txtTitle[2]"), L"C");
@@ -345,6 +350,8 @@ TEST_F(DetectPageTest, CancelEndsADetectionAtEveryMoment) {
     if (switches.empty()) {
       EXPECT_TRUE(IsVisible(L"txtSysdiagnoseDetectStopping"));
       EXPECT_THROW(window.Click(kCancel), DuiLib::CannotUse);
+      RunFor(0);
+      EXPECT_TRUE(switches.size() == 1 || List().GetCount() == 3) << "no row is waited for";
     }
     EXPECT_THAT(Events(), StartsWith("620000004"));
     RunFor(kLongMs);
@@ -363,6 +370,16 @@ TEST_F(DetectPageTest, CancelEndsADetectionAtEveryMoment) {
   }
 }
 
+TEST_F(DetectPageTest, CancelWhileTheListScrollsBackEndsAtOnce) {
+  UseMachine(kFailing);
+  Start(kThree);
+  while (Text(kSecond) != Left(2)) RunFor(20);
+  window.Click(kCancel);
+  EXPECT_THAT(switches, ElementsAre(PAGE_ARCHIEVEMENT));
+  RunFor(kLongMs);
+  EXPECT_TRUE(IsVisible(L"lytDetectCancel")) << "no result comes behind it";
+}
+
 TEST_F(DetectPageTest, ACancelledRunSaysHowMuchWasTested) {
   UseMachine(kFailing);
   Start(kThree);
@@ -375,6 +392,8 @@ TEST_F(DetectPageTest, ACancelledRunSaysHowMuchWasTested) {
 /// Repairs take their time.
 class PausingTest : public DetectPageTest {
  protected:
+  ~PausingTest() override { RunFor(kLongMs); }
+
   static constexpr int kFirstPauseMs = 500;
 
  private:
@@ -414,12 +433,16 @@ class RestartTest : public PausingTest {
     machine.back() = ',';
     UseMachine(machine + R"("repairs": {"CVideoCardDetect::RepairVIDEOCARDProblems":
                {"code": 0, "restart": true}, "CKeyBoardDetect::CloseFilterKey": 9}})");
+  }
+
+  void StartRepair() {
     StartAndEnd(kThree);
     window.Click(kComplete);
   }
 };
 
 TEST_F(RestartTest, IsAskedForBeforeTheEndOfTheRepairs) {
+  StartRepair();
   steps.Set({[this](Person& person) {
     EXPECT_EQ(Text(kFirst), L"IDS_HARDWARE_DIAGNOSE_REPAIRING");
     person.Click(L"btnRestart");
@@ -431,6 +454,7 @@ TEST_F(RestartTest, IsAskedForBeforeTheEndOfTheRepairs) {
 }
 
 TEST_F(RestartTest, IsAskedForBeforeACancelledRepairEndsToo) {
+  StartRepair();
   int asked = 0;
   steps.Set({[&](Person& person) {
     ++asked;
@@ -449,13 +473,29 @@ TEST_F(RestartTest, IsAskedForBeforeACancelledRepairEndsToo) {
 }
 
 TEST_F(RestartTest, ThePageMayGoWhileItIsAskedFor) {
-  steps.Set({[this](Person& person) {
-    window.Manager().SetRoot(nullptr);
-    person.Click(L"btnCancel");
-  }});
-  RunFor(kLongMs);
-  EXPECT_EQ(page.GetRoot(), nullptr);
-  EXPECT_THAT(switches, IsEmpty());
+  for (const bool cancels : {false, true}) {
+    StartRepair();
+    RunFor(kFirstPauseMs);
+    if (cancels) window.Click(kCancel);
+    steps.Set({[this](Person& person) {
+      window.Manager().SetRoot(nullptr);
+      person.Click(L"btnCancel");
+    }});
+    RunFor(kLongMs);
+    EXPECT_EQ(page.GetRoot(), nullptr);
+    EXPECT_THAT(switches, IsEmpty());
+  }
+}
+
+TEST_F(RestartTest, MeanwhileTheRowAtWorkIsInSightThoughItsItemIsHigherThanTheList) {
+  WriteLayout("detect", std::regex_replace(kPage, std::regex("height='grow'"), "height='100'"));
+  StartAndEnd(kThree);
+  List().SetScrollPos(0);
+  window.Click(kComplete);
+  RunFor(2 * kFirstPauseMs);
+  EXPECT_EQ(Text(L"txtResult[3]"), L"IDS_HARDWARE_DETECT_ITEM_OPERATING");
+  EXPECT_EQ(Find(L"txtTitle[3]").GetParent()->GetPos().bottom,
+            window.Position(L"lstSysdiagnoseDetectItems").bottom);
 }
 
 TEST_F(DetectPageTest, TheLogsAreOfferedWhenThereAreSomeUntilARepairBegins) {
@@ -509,13 +549,14 @@ TEST_F(DetectPageTest, AFaultOfALibraryEndsTheRunAsACancelDoes) {
 TEST_F(DetectPageTest, ARunBegunWhileOneGoesOnShowsItsOwnItemsOnly) {
   UseMachine(kFailing);
   Start(kThree);
-  RunFor(100);
+  RunFor(20);
   page.StartDetect({Category::Keyboard});
   EXPECT_EQ(List().GetCount(), 0);
   RunFor(kLongMs);
   EXPECT_EQ(List().GetCount(), 1);
   EXPECT_EQ(Text(kSecond), Left(1));
   EXPECT_THAT(switches, IsEmpty());
+  EXPECT_EQ(Events(), "620000026") << "the first one has stopped";
 }
 
 TEST_F(DetectPageTest, TheTabMayGoOrBeMountedAnewWhileARowWaits) {
