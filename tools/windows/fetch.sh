@@ -36,8 +36,10 @@ CONF
 
 # The Debian version whose upstream part is ours.
 debian_version() {
+  local escaped
+  escaped=$(sed 's/[.+]/\\&/g' <<<"$version")
   { apt-cache -c "$apt/apt.conf" showsrc --only-source "$source" 2>/dev/null || true; } |
-    sed -nE "s/^Version: (([0-9]+:)?${version//./\\.}-.*)/\1/p" | sort -V | tail -n 1
+    sed -nE "s/^Version: (([0-9]+:)?$escaped-.*)/\1/p" | sort -V | tail -n 1
 }
 
 tarball_in() { compgen -G "$1/${source}_$version.orig.tar.?z*" | grep -v '\.asc$'; }
