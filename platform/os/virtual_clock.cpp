@@ -31,30 +31,48 @@ std::chrono::nanoseconds VirtualClock::Now() {
 void VirtualClock::WaitUntil(Wakeup& wakeup, std::chrono::nanoseconds time) {
   std::unique_lock lock(mutex);
   if (time <= now) return;
-  const auto place = waiting.emplace(time, &wakeup);
+  Sleeper sleeper{&wakeup};
+  const auto place = sleepers.emplace(time, &sleeper);
   lock.unlock();
   wakeup.Wait();
   lock.lock();
-  waiting.erase(place);
+  if (!sleeper.isDue) sleepers.erase(place);
 }
 
 std::optional<std::chrono::nanoseconds> VirtualClock::NextDue() {
   const std::lock_guard lock(mutex);
-  const auto next = waiting.upper_bound(now);
-  return next == waiting.end() ? std::nullopt : std::optional(next->first);
+  return sleepers.empty() ? std::nullopt : std::optional(sleepers.begin()->first);
 }
 
-void VirtualClock::MoveTo(std::chrono::nanoseconds time) {
+bool VirtualClock::WakeNext(std::chrono::nanoseconds end) {
   const std::lock_guard lock(mutex);
-  const auto first = waiting.upper_bound(now);
-  now = std::max(now, time);
-  for (auto due = first; due != waiting.end() && due->first <= now; ++due) due->second->Wake();
+  if (sleepers.empty() || sleepers.begin()->first > end) {
+    now = std::max(now, end);
+    return false;
+  }
+  now = std::max(now, sleepers.begin()->first);
+  WakeFirst();
+  return true;
 }
 
 void VirtualClock::Advance(std::chrono::nanoseconds time) {
   const std::chrono::nanoseconds end = Now() + time;
-  for (WaitUntilWorkersRest(); Now() < end; WaitUntilWorkersRest())
-    MoveTo(std::min(NextDue().value_or(end), end));
+  do {
+    WaitUntilWorkersRest();
+  } while (WakeNext(end));
+}
+
+void VirtualClock::Jump(std::chrono::nanoseconds time) {
+  const std::lock_guard lock(mutex);
+  now += time;
+  while (!sleepers.empty() && sleepers.begin()->first <= now) WakeFirst();
+}
+
+void VirtualClock::WakeFirst() {
+  Sleeper& sleeper = *sleepers.begin()->second;
+  sleepers.erase(sleepers.begin());
+  sleeper.isDue = true;
+  sleeper.wakeup->Wake();
 }
 
 }  // namespace os

@@ -25,17 +25,29 @@ class VirtualClock : public Clock {
   /// The next moment that something waits for; nothing when nothing waits.
   std::optional<std::chrono::nanoseconds> NextDue();
 
-  /// Goes on to that moment, never back, and wakes what has waited for it or for one before.
-  void MoveTo(std::chrono::nanoseconds time);
+  /// Goes on to the next moment that something waits for and wakes one that does. False when
+  /// nothing waits for a moment up to `end`, which then is now.
+  bool WakeNext(std::chrono::nanoseconds end);
 
-  /// Moves on through each moment that something waits for, and lets all that follows from it be
-  /// done before the next. Not on a worker.
+  /// Wakes one after the other what waits for a moment up to then, and lets all that follows from
+  /// it be done before the next. Not on a worker.
   void Advance(std::chrono::nanoseconds time);
 
+ protected:
+  /// Moves on at once; what waited for the time that has passed wakes up.
+  void Jump(std::chrono::nanoseconds time);
+
  private:
+  struct Sleeper {
+    Wakeup* wakeup;
+    bool isDue = false;  // and no longer among the sleepers
+  };
+
+  void WakeFirst();
+
   std::mutex mutex;
   std::chrono::nanoseconds now;
-  std::multimap<std::chrono::nanoseconds, Wakeup*> waiting;
+  std::multimap<std::chrono::nanoseconds, Sleeper*> sleepers;
 };
 
 }  // namespace os
