@@ -304,6 +304,7 @@ TEST_F(DetectPageTest, RepairsThatFailAreTriedAgainUntilTheySucceed) {
   EXPECT_EQ(Text(kBack), L"IDS_HARDWARE_DIAGNOSE_REPAIR_CONTINUE");
   EXPECT_EQ(Text(L"txtResult[1]"), L"IDS_HARDWARE_DETECT_ITEM_OPERAT_FAIL");
   EXPECT_EQ(Text(L"txtAbnormalType[1]"), L"IDS_HARDWARE_DIAGNOSE_BLUETOOTH_DEVICE_REPAIR_FAIL");
+  EXPECT_EQ(Text(L"txtAbnormalType[2]"), L"IDS_HARDWARE_DIAGNOSE_ERROR_HOTKEY");
   EXPECT_FALSE(IsVisible(L"optChoose[2]")) << "repaired";
   EXPECT_EQ(RowSign(3), L"drawable/hardware/ic_unusual.png 20");
   EXPECT_TRUE(Find(L"optChoose[3]").IsSelected());

@@ -100,6 +100,7 @@ void CtlDetectItem::EnableChoices(bool enabled) {
 
 void CtlDetectItem::BeginRepairs() {
   repairing.clear();
+  advice = tests.empty() ? L"" : tests.front().GetRepairFailureText();
   for (DetectRow& row : tests)
     if (row.IsChosen()) repairing.push_back(&row);
   ShowSign(sign, StatusSign::AtWork);
@@ -114,6 +115,7 @@ CControlUI* CtlDetectItem::ShowNextRepair() {
 void CtlDetectItem::ShowRepairResult(bool repaired) {
   if (repairing.empty()) return;
   repairing.front()->ShowRepaired(repaired);
+  if (!repaired && advice.empty()) advice = repairing.front()->GetHint();
   repairing.pop_front();
 }
 
@@ -121,8 +123,8 @@ void CtlDetectItem::ShowRepairVerdict(bool repaired) {
   ShowVerdict(repaired);
   if (repaired) {
     for (DetectRow& row : tests) row.WithdrawRepair();
-  } else if (!tests.empty() && !tests.front().GetRepairFailureText().empty()) {
-    ShowAbnormalType(tests.front().GetRepairFailureText());
+  } else {
+    ShowAbnormalType(advice);
   }
 }
 

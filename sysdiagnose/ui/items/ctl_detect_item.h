@@ -57,6 +57,7 @@ class CtlDetectItem final : public FoldingItem {
   DuiLib::CControlUI* const abnormalType;
   std::deque<DetectRow> tests;
   std::vector<DetectRow*> waiting;   // announced, without a result
+  std::wstring advice;               // what the owner can do when a repair has failed
   std::deque<DetectRow*> repairing;  // the first is being repaired, or about to be
 };
 

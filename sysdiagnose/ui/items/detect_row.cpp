@@ -40,10 +40,11 @@ void DetectRow::ShowResult(const tagDetectItemDetail& detail, const std::wstring
   if (title != nullptr) title->SetText(detail.caption);
   code = detail.code;
   isAbnormal = !detail.normal;
+  hint = detail.hint.empty() ? withoutHint : detail.hint;
   if (detail.normal)
     ShowText(L"", kPassedColour);
   else
-    ShowText(detail.hint.empty() ? withoutHint : detail.hint, kAbnormalColour);
+    ShowText(hint, kAbnormalColour);
   ShowSign(sign, detail.normal ? StatusSign::RowPassed : StatusSign::RowAbnormal);
 }
 
@@ -88,7 +89,7 @@ void DetectRow::ShowRepaired(bool repaired) {
     WithdrawRepair();
     ShowText(Resolve(L"IDS_HARDWARE_DETECT_ITEM_OPERAT_SUCCESS"), kPassedColour);
   } else {
-    ShowText(Resolve(L"IDS_HARDWARE_DETECT_ITEM_OPERAT_FAIL"), kAbnormalColour);
+    ShowText(Resolve(L"IDS_HARDWARE_DETECT_ITEM_OPERAT_FAIL"), hint, kAbnormalColour);
   }
   ShowSign(sign, repaired ? StatusSign::RowPassed : StatusSign::RowAbnormal);
 }
@@ -97,11 +98,11 @@ void DetectRow::StopSign() {
   if (sign != nullptr) sign->Stop();
 }
 
-// Where the text is cut, the tooltip has the whole of it.
-void DetectRow::ShowText(const std::wstring& text, const DuiLib::Colour& colour) {
+void DetectRow::ShowText(const std::wstring& text, const std::wstring& toolTip,
+                         const DuiLib::Colour& colour) {
   if (result == nullptr) return;
   result->SetText(text);
-  result->SetToolTip(text);
+  result->SetToolTip(toolTip);
   result->SetTextColour(colour);
 }
 

@@ -43,12 +43,19 @@ class DetectRow {
   void ShowRepairing();
   void ShowRepaired(bool repaired);
   const std::wstring& GetRepairFailureText() const { return repairFailureText; }
+  /// What the owner can do about the failed test.
+  const std::wstring& GetHint() const { return hint; }
 
   /// A sign that moves stays where it is.
   void StopSign();
 
  private:
-  void ShowText(const std::wstring& text, const DuiLib::Colour& colour);
+  /// The tooltip has the whole text where it is cut, or more.
+  void ShowText(const std::wstring& text, const std::wstring& toolTip,
+                const DuiLib::Colour& colour);
+  void ShowText(const std::wstring& text, const DuiLib::Colour& colour) {
+    ShowText(text, text, colour);
+  }
 
   DuiLib::CContainerUI& tree;
   DuiLib::CLabelUI* const title;
@@ -58,6 +65,7 @@ class DetectRow {
   DuiLib::Colour plainColour = DuiLib::Colour::Named(L"ink");  // what the layout gives the result
   std::wstring command;
   std::wstring repairFailureText;
+  std::wstring hint;
   std::int32_t code = 0;
   bool isAbnormal = false;
   bool isOffered = false;
