@@ -71,20 +71,8 @@ void AddRecordOptions(CLI::App& record, Arguments& arguments) {
 
 void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
   app.set_version_flag("--version", SYSDIAGNOSE_VERSION);
-  AddPathOption(app, "--machine", arguments.machineFile,
-                "Diagnose the machine that FILE describes instead of this one");
-  AddPathOption(app, "--data-dir", arguments.dataFolder,
-                "Folder for history, events and log (default: the user's data folder)", "DIR");
-  AddPathOption(app, "--app-dir", arguments.appFolder,
-                "Installation folder whose config/ is read (default: that of this program)", "DIR");
-  AddPathOption(app, "--system-root", arguments.systemRoot,
-                "Read /proc, /sys and the product version file below DIR", "DIR");
-  app.add_option("--lang", arguments.language,
-                 "Language of the texts, a file of res/culture, or ids")
-      ->type_name("LANG");
+  startup::AddDiagnosisOptions(app, arguments);
   app.add_flag("--json", arguments.json, "Print one JSON object per line");
-  app.add_flag("--capture", arguments.capture,
-               "Write every message that is posted to messages.jsonl in the data folder");
   app.require_subcommand(1);
   app.fallthrough();
 }

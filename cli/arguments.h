@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "startup/options.h"
+#include "startup/diagnosis/diagnosis_options.h"
 #include "startup/usage_error.h"
 #include "sysdiagnose/base/hardware_id.h"
 
@@ -12,10 +12,8 @@ namespace cli {
 
 enum class Command { List, Info, Run, History, Scan, Check, Record, Serve, Logs };
 
-struct Arguments : startup::Options {
-  std::string language;  // empty: the user's
+struct Arguments : startup::DiagnosisOptions {
   bool json = false;
-  bool capture = false;
   Command command = Command::List;
   std::vector<orv::sysdiagnose::enmHardwareID> categories;  // none: all that are offered
   int historyCount = 12;

@@ -22,6 +22,7 @@
 #include "platform/os/folder_entries.h"
 #include "platform/os/paths.h"
 #include "platform/os/reveal.h"
+#include "startup/diagnosis/companion_process.h"
 
 namespace cli {
 namespace {
@@ -50,16 +51,6 @@ class Channel {
  private:
   std::optional<message::Broker> broker;
 };
-
-std::unique_ptr<os::ChildProcess> StartService(const Arguments& arguments, const fs::path& socket) {
-  std::vector<std::string> command = {
-      common::PathText(os::ExecutableFolder() / "companion-service"), "--data-dir",
-      common::PathText(os::DataFolder()), "--socket", common::PathText(socket)};
-  if (!arguments.machineFile.empty())
-    command.insert(command.end(),
-                   {"--machine", common::PathText(fs::absolute(arguments.machineFile))});
-  return std::make_unique<os::ChildProcess>(command);
-}
 
 std::set<fs::path> Archives() {
   std::set<fs::path> archives;
@@ -165,7 +156,7 @@ int RunLogs(const Arguments& arguments) {
   LogTalk talk;
   std::optional<bool> available = talk.AskWhetherThereAreLogs(1s);
   if (!available && !talk.Interrupted()) {
-    service = StartService(arguments, socket);
+    service = startup::StartCompanionService(arguments, socket);
     talk.Watch(*service);
     available = talk.AskWhetherThereAreLogs(10s);
   }

@@ -20,6 +20,8 @@ inline constexpr std::uint32_t kDiscardRequest = 0x3B0004;        // one byte, 0
 inline constexpr std::uint32_t kLogsAvailableAnswer = 0x3C0001;   // one byte: 1 there are, 0 none
 inline constexpr std::uint32_t kLogListAnswer = 0x3C0002;         // log items
 
+inline constexpr std::uint32_t kHostModule = 0x30000;
+
 inline constexpr std::uint32_t kHostGroup = 0x200000;
 inline constexpr std::uint32_t kDescriptorRequest = 0x200009;
 inline constexpr std::uint32_t kDescriptorAnswer = 0x20000A;

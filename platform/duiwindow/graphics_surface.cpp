@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "platform/duiwindow/graphics_colour.h"
 
@@ -20,6 +21,23 @@ int Rounded(double dots) {
 
 double FittingRadius(double radius, const wxRect& rect) {
   return std::min({radius, rect.width / 2.0, rect.height / 2.0});
+}
+
+// Words with the blanks behind them, and single wide characters.
+std::vector<std::wstring_view> WordsOf(std::wstring_view text) {
+  constexpr wchar_t kFirstWide = 0x2E80;
+  std::vector<std::wstring_view> words;
+  std::size_t begin = 0;
+  for (std::size_t at = 1; at < text.size(); ++at) {
+    const bool isSecondHalf = text[at] >= 0xDC00 && text[at] <= 0xDFFF;
+    const bool begins = text[at] != L' ' && text[at - 1] == L' ';
+    const bool isWide = text[at] >= kFirstWide || text[at - 1] >= kFirstWide;
+    if (isSecondHalf || !(begins || isWide)) continue;
+    words.push_back(text.substr(begin, at - begin));
+    begin = at;
+  }
+  words.push_back(text.substr(begin));
+  return words;
 }
 
 }  // namespace
@@ -109,19 +127,27 @@ void GraphicsSurface::DrawPicture(const std::filesystem::path& file, const DuiLi
                      size.x, size.y);
 }
 
-// Letters of another size are not exactly that much wider: the text is stretched to where it was
-// measured.
+// Letters of another size are not exactly that much wider: what differs is shared out between the
+// words, so that the text is as wide as it was measured.
 void GraphicsSurface::DrawText(std::wstring_view text, const DuiLib::Font& font, std::uint32_t argb,
                                DuiLib::Point start) {
-  const Texts::Extent own = paints.texts.ExtentAt(scale, font, text);
-  if (own.width <= 0 || ShowsNothing(argb)) return;
-  const double stretch = paints.texts.ExtentAt(1, font, text).width * scale / own.width;
-  context.PushState();
-  context.Translate(AcrossDots(start.x), DownDots(start.y) - own.ascent);
-  context.Scale(stretch, 1);
+  if (text.empty() || ShowsNothing(argb)) return;
+  const int baseline = DownDots(start.y);
+  double left = AcrossDots(start.x);
   context.SetFont(paints.texts.FontAt(scale, font, argb));
-  context.DrawText(wxString(text.data(), text.size()), 0, 0);
-  context.PopState();
+  const std::vector<std::wstring_view> words = scale == 1 ? std::vector{text} : WordsOf(text);
+  double ownWidth = 0;
+  for (const std::wstring_view word : words) {
+    ownWidth += paints.texts.ExtentAt(scale, font, word).width;
+  }
+  const double rest = paints.texts.ExtentAt(1, font, text).width * scale - ownWidth;
+  const double gap = words.size() == 1 ? 0 : rest / static_cast<double>(words.size() - 1);
+  for (const std::wstring_view word : words) {
+    // Letters of different faces stand at different heights in their texts.
+    const Texts::Extent own = paints.texts.ExtentAt(scale, font, word);
+    context.DrawText(wxString(word.data(), word.size()), left, baseline - Rounded(own.ascent));
+    left += own.width + gap;
+  }
 }
 
 }  // namespace duiwindow

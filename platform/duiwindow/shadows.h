@@ -16,7 +16,11 @@ struct ShadowShape {
   int radius = 0;
   int blur = 0;
   std::uint32_t argb = 0;
-  auto operator<=>(const ShadowShape&) const = default;
+
+  bool operator<(const ShadowShape& other) const {
+    return std::tie(width, height, radius, blur, argb) <
+           std::tie(other.width, other.height, other.radius, other.blur, other.argb);
+  }
 };
 
 class Shadows {

@@ -8,6 +8,7 @@
 
 #include "common/log.h"
 #include "platform/message/capture_line.h"
+#include "platform/message/observed_posts.h"
 
 namespace message {
 namespace {
@@ -74,6 +75,11 @@ void DeliveryQueue::Post(Posted message) {
   // Under the lock, so that a capture shows the order of delivery.
   CaptureMessage(message.item, message.body);
   message.item.source = SourceOf(message.item, message.sender);
+  if (observer) {
+    tagIPC_MESSAGE_ITEM seen = message.item;
+    seen.data = message.body.data();
+    observer(seen);
+  }
   Add(std::move(message));
 }
 
@@ -132,10 +138,23 @@ void DeliveryQueue::StopServing() {
   contextFree.wait(lock, [this] { return !contextTaken; });
 }
 
+void DeliveryQueue::SetObserver(std::function<void(const tagIPC_MESSAGE_ITEM&)> value) {
+  const std::lock_guard lock(mutex);
+  observer = std::move(value);
+}
+
 void DeliveryQueue::WaitUntilDelivered() {
   std::unique_lock lock(mutex);
   if (std::this_thread::get_id() == deliveryThread) return;
   delivered.wait(lock, [this, last = postedCount] { return deliveredCount >= last; });
+}
+
+std::optional<std::uint64_t> DeliveryQueue::DeliveredBefore(
+    std::chrono::steady_clock::time_point limit) {
+  Lock lock(mutex);
+  if (!delivered.wait_until(lock, limit, [this] { return deliveredCount == postedCount; }))
+    return std::nullopt;
+  return postedCount;
 }
 
 void DeliveryQueue::DeliverForever() {
@@ -215,6 +234,10 @@ void DeliveryQueue::ReleaseContext() {
   contextTaken = false;
   ++contextTurns;
   contextFree.notify_all();
+}
+
+void ObservePosts(std::function<void(const tagIPC_MESSAGE_ITEM&)> observer) {
+  Deliveries().SetObserver(std::move(observer));
 }
 
 DeliveryQueue& Deliveries() {

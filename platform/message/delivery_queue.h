@@ -1,11 +1,13 @@
 #pragma once
 
 #include <asio/io_context.hpp>
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -42,7 +44,13 @@ class DeliveryQueue {
   /// no context is served.
   void WhenRoom(std::function<void()> callback);
 
+  /// Sees each message that Post takes; null for none.
+  void SetObserver(std::function<void(const tagIPC_MESSAGE_ITEM&)> value);
+
   void WaitUntilDelivered();
+
+  /// How many messages were posted; nothing when they are not all delivered by then.
+  std::optional<std::uint64_t> DeliveredBefore(std::chrono::steady_clock::time_point limit);
 
   /// Runs the context, which always has work, from now on. One context at a time.
   void Serve(asio::io_context& context);
@@ -65,6 +73,7 @@ class DeliveryQueue {
   void ReleaseContext();
 
   std::mutex mutex;
+  std::function<void(const tagIPC_MESSAGE_ITEM&)> observer;
   std::condition_variable filled;
   std::condition_variable delivered;
   std::deque<Posted> messages;

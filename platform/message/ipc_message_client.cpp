@@ -86,4 +86,8 @@ namespace message {
 void WaitUntilDelivered() {
   Deliveries().WaitUntilDelivered();
 }
+
+std::optional<std::uint64_t> DeliveredBefore(std::chrono::steady_clock::time_point limit) {
+  return Deliveries().DeliveredBefore(limit);
+}
 }  // namespace message

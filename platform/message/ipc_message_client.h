@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "platform/message/message_item.h"
@@ -16,6 +18,10 @@ using Handler = std::function<void(const tagIPC_MESSAGE_ITEM&)>;
 /// Waits until every message that this process has posted so far is delivered. Returns at once on
 /// the delivery thread. For a program's end and for tests.
 UTIL_API void WaitUntilDelivered();
+
+/// The same until this moment of real time. How many messages have been posted to this process so
+/// far, those of other processes included; nothing when they are not delivered in time.
+UTIL_API std::optional<std::uint64_t> DeliveredBefore(std::chrono::steady_clock::time_point limit);
 }  // namespace message
 
 /// One module's end of the message channel.

@@ -15,6 +15,10 @@ using ModuleHandle = void*;
 /// The handle of an already loaded library, or null. Does not keep it loaded.
 ModuleHandle FindLoadedModule(const char* name);
 
+/// The file of a library that lies beside the platform libraries; an absolute path stands for
+/// itself.
+std::filesystem::path LibraryFile(const std::filesystem::path& name);
+
 /// Loads a library that lies beside the platform libraries, or the one at an absolute path; null
 /// when it cannot be loaded. Each success is to be balanced by ReleaseModule.
 ModuleHandle LoadModule(const std::filesystem::path& name);

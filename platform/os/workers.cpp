@@ -45,6 +45,12 @@ void WaitUntilWorkersRest() {
   state.noneWorks.wait(lock, [&state] { return state.working == 0; });
 }
 
+bool WorkersRestBefore(std::chrono::steady_clock::time_point limit) {
+  ProcessState& state = State();
+  std::unique_lock lock(state.workersMutex);
+  return state.noneWorks.wait_until(lock, limit, [&state] { return state.working == 0; });
+}
+
 bool detail::IsWorkerOfThisModule() {
   return isWorker;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 
 // The threads that work in the background. One rests while it waits for a Wakeup: on a clock, for
@@ -13,6 +14,9 @@ void StartWorker(std::function<void()> body);
 
 /// Waits until every worker rests. Not on a worker.
 void WaitUntilWorkersRest();
+
+/// The same until this moment of real time; whether they rest. Not on a worker.
+bool WorkersRestBefore(std::chrono::steady_clock::time_point limit);
 
 namespace detail {
 /// The calling thread is about to rest; false, and nothing is counted, when it is no worker.

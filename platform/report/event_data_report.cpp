@@ -5,13 +5,16 @@
 
 #include <algorithm>
 #include <exception>
+#include <mutex>
 #include <string_view>
+#include <utility>
 
 #include "common/log.h"
 #include "common/text.h"
 #include "platform/os/append_file.h"
 #include "platform/os/clock.h"
 #include "platform/os/paths.h"
+#include "platform/report/observed_events.h"
 
 namespace {
 
@@ -47,6 +50,22 @@ std::string EventLine(const tagLogInfo& message) {
   return {buffer.GetString(), buffer.GetSize()};
 }
 
+struct Observation {
+  std::mutex mutex;  // held during a call
+  std::function<void(const tagLogInfo&)> observer;
+};
+
+Observation& TheObservation() {
+  static auto& observation = *new Observation;
+  return observation;
+}
+
+void TellObserver(const tagLogInfo& message) {
+  Observation& observation = TheObservation();
+  const std::lock_guard lock(observation.mutex);
+  if (observation.observer) observation.observer(message);
+}
+
 void LogFailure(const std::string& reason) {
   COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.report"), reason);
 }
@@ -63,6 +82,7 @@ tagLogInfo EventDataReport::GetMsg(const std::string& id, const std::string& pay
 }
 
 bool EventDataReport::SendMsg(const tagLogInfo& message) {
+  TellObserver(message);
   try {
     os::AppendLine(os::DataFolder() / "events.jsonl", EventLine(message));
     return true;
@@ -70,4 +90,10 @@ bool EventDataReport::SendMsg(const tagLogInfo& message) {
     LogFailure("event " + message.id + " is lost: " + error.what());
   }
   return false;
+}
+
+void report::ObserveEvents(std::function<void(const tagLogInfo&)> observer) {
+  Observation& observation = TheObservation();
+  const std::lock_guard lock(observation.mutex);
+  observation.observer = std::move(observer);
 }

@@ -196,7 +196,7 @@ TEST_F(TextTest, BreaksAtBlanksWideCharactersAndWithinWordsThatAreTooLong) {
       {L"ab\n\ncd", L"[ab@0]||[cd@0]"},
       {L"abcdefgh i", L"[abcde@0]|[fgh i@0]"},
       {L"\u4E00\u4E8C\u4E09", L"[\u4E00\u4E8C@0]|[\u4E09@0]"},
-      {L"a {c #000000}bcdef{/c}", L"[a @0]|[bcdef@0]"},
+      {L"a {c #000000}bcdef{/c}", L"[a@0]|[bcdef@0]"},
       {L"", L""},
   };
   for (const auto& [text, pieces] : cases) {

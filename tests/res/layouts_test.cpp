@@ -13,10 +13,12 @@
 #include "platform/duilib/layout/tile_layout.h"
 #include "platform/duilib/layout/vertical_layout.h"
 #include "platform/duilib/look/image.h"
+#include "platform/duilib/painter/painter.h"
 #include "platform/duilib/tree/walk.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "tests/res/sample_pages.h"
 #include "tests/support/in_force.h"
+#include "tests/support/test_log.h"
 
 namespace {
 
@@ -170,23 +172,35 @@ bool LiesInFoldedItem(CControlUI& control) {
   return false;
 }
 
+void ExpectGoodGeometry(DuiLib::CPaintManagerUI& manager) {
+  manager.LayOut(true);
+  ForEachInTree(*manager.GetRoot(), [](CControlUI& control) {
+    if (!control.IsShown()) return;
+    auto* const label = dynamic_cast<DuiLib::CLabelUI*>(&control);
+    if (label != nullptr) ExpectWholeOrEllipsis(*label);
+    auto* const container = dynamic_cast<CContainerUI*>(&control);
+    if (container != nullptr && !LiesInFoldedItem(control)) ExpectOrder(*container);
+  });
+}
+
+DuiLib::TextMeasure* const simpleMeasure = nullptr;
+
 class SampleTest : public testing::TestWithParam<SampleState> {};
 
 TEST_P(SampleTest, NothingOverlapsSticksOutOrIsCutWithoutAnEllipsisInAnyLanguage) {
+  auto* const painter = DuiLib::Painter::Load();
+  ASSERT_NE(painter, nullptr);
+  TestLog::Instance().Take();
   for (const std::string& language : StemsIn("culture")) {
-    SCOPED_TRACE(language);
     DuiLib::UICulture::GetInstance()->SetLanguage(language, kResources);
-    for (const auto& window : ShowSample(GetParam(), [](DuiLib::CPaintManagerUI&) {})) {
-      window->Manager().LayOut(true);
-      ForEachInTree(*window->Manager().GetRoot(), [](CControlUI& control) {
-        if (!control.IsShown()) return;
-        auto* const label = dynamic_cast<DuiLib::CLabelUI*>(&control);
-        if (label != nullptr) ExpectWholeOrEllipsis(*label);
-        auto* const container = dynamic_cast<CContainerUI*>(&control);
-        if (container != nullptr && !LiesInFoldedItem(control)) ExpectOrder(*container);
-      });
+    for (DuiLib::TextMeasure* const measure : {&painter->Measure(), simpleMeasure}) {
+      SCOPED_TRACE(language + (measure == nullptr ? ", simple text" : ""));
+      const auto windows = ShowSample(
+          GetParam(), [&](DuiLib::CPaintManagerUI& manager) { manager.SetTextMeasure(measure); });
+      for (const auto& window : windows) ExpectGoodGeometry(window->Manager());
     }
   }
+  EXPECT_EQ(TestLog::Instance().Take(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(States, SampleTest, testing::ValuesIn(SampleStates()),

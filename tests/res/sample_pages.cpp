@@ -145,7 +145,8 @@ CContainerUI& AddTest(SampleWindow& window, CContainerUI& item, const std::wstri
   ItemsOf(item).Add(&row);
   SetText(row, L"txtTitle", title);
   SetText(row, L"txtResult", result);
-  FindAs<DuiLib::CLabelUI>(row, L"txtResult").SetTextColour(DuiLib::Colour::Named(L"abnormal"));
+  FindAs<DuiLib::CLabelUI>(row, L"txtResult")
+      .SetTextColour(DuiLib::Colour::Named(verdict == kAtWork ? L"soft" : L"abnormal"));
   ShowVerdict(row, verdict);
   return row;
 }
@@ -343,6 +344,45 @@ void FillResult(SampleWindow& window) {
           kAbnormal, TextOf(L"IDS_HARDWARE_DIAGNOSE_BLUETOOTH_UNKNOWN"));
 }
 
+void FillHealthy(SampleWindow& window) {
+  ShowBar(window, L"lytDetectExecute", L"lytDetectCancel");
+  SetTextIn(window, L"txtSysdiagnosedDetectFirstTitle", TextOf(L"IDS_HARDWARE_DIAGNOSE_RESULT"));
+  SetTextIn(window, L"txtSysdiagnoseDetectSecondTitle",
+            TextOf(L"IDS_HARDWARE_DIAGNOSE_RESULT_ABNORM_NOT_FOUND") +
+                TextOf(L"IDS_HARDWARE_DIAGNOSE_RESULT_CANCEL_UPLOAD"));
+  window.Find(L"btnSysdiagnoseDetectBack").SetVisible(false);
+  for (const Category& category : kCategories) {
+    CContainerUI& item = AddItem(window, kDetectList, kDetectItem, category);
+    ShowVerdict(item, kPassed);
+    Fold(item);
+  }
+}
+
+void FillRepair(SampleWindow& window, bool runs) {
+  if (runs) {
+    ShowBar(window, L"lytDetectCancel", L"lytDetectExecute");
+  } else {
+    ShowBar(window, L"lytDetectExecute", L"lytDetectCancel");
+  }
+  SetTextIn(
+      window, L"txtSysdiagnosedDetectFirstTitle",
+      TextOf(runs ? L"IDS_HARDWARE_DIAGNOSE_REPAIRING" : L"IDS_HARDWARE_DIAGNOSE_REPAIR_FAIL"));
+  SetTextIn(window, L"txtSysdiagnoseDetectSecondTitle",
+            Filled(L"IDS_HARDWARE_DIAGNOSE_ABNORM_RESULT_NUM", {L"1"}));
+  SetTextIn(window, L"btnSysdiagnoseDetectBack", TextOf(L"IDS_HARDWARE_DIAGNOSE_REPAIR_CONTINUE"));
+  CContainerUI& graphics = AddItem(window, kDetectList, kDetectItem, kCategories[kGraphics]);
+  ShowVerdict(graphics, runs ? kAtWork : kAbnormal);
+  AddTest(window, graphics, TextOf(L"IDS_HARDWARE_DIAGNOSE_GPU_DEVICE"), runs ? kAtWork : kAbnormal,
+          TextOf(runs ? L"IDS_HARDWARE_DETECT_ITEM_OPERATING"
+                      : L"IDS_HARDWARE_DETECT_ITEM_OPERAT_FAIL"));
+  CContainerUI& bluetooth = AddItem(window, kDetectList, kDetectItem, kCategories[kBluetooth]);
+  ShowVerdict(bluetooth, kPassed);
+  CContainerUI& repaired =
+      AddTest(window, bluetooth, TextOf(L"IDS_HARDWARE_DIAGNOSE_BLUETOOTH_DEVICE"), kPassed,
+              TextOf(L"IDS_HARDWARE_DETECT_ITEM_OPERAT_SUCCESS"));
+  FindAs<DuiLib::CLabelUI>(repaired, L"txtResult").SetTextColour(DuiLib::Colour::Named(L"normal"));
+}
+
 // Windows
 
 void AddLog(SampleWindow& window, const wchar_t* icon, const wchar_t* label,
@@ -428,6 +468,9 @@ const std::vector<SampleState>& SampleStates() {
       {"detecting", kDetect, [](SampleWindow& window) { FillDetecting(window, false); }, L"", {}},
       {"stopping", kDetect, [](SampleWindow& window) { FillDetecting(window, true); }, L"", {}},
       {"result", kDetect, FillResult, L"", {}},
+      {"healthy", kDetect, FillHealthy, L"", {}},
+      {"repairing", kDetect, [](SampleWindow& window) { FillRepair(window, true); }, L"", {}},
+      {"repair-failed", kDetect, [](SampleWindow& window) { FillRepair(window, false); }, L"", {}},
       {"upload", kDetect, FillResult, L"sysdiagnose_upload.xml",
        [](SampleWindow& window) { FillUpload(window, false); }},
       {"upload-silent", kDetect, FillResult, L"sysdiagnose_upload.xml",

@@ -104,7 +104,8 @@ int CListUI::GetScrollRange() {
 Rect CListUI::GetScrollThumb() {
   const int range = GetScrollRange();
   if (range == 0) return {};
-  const Rect track = GetPos().Without({kBarMargin, kBarMargin, kBarMargin, kBarMargin});
+  const int ends = kBarMargin + GetStyle().radius / 2;
+  const Rect track = GetPos().Without({kBarMargin, ends, kBarMargin, ends});
   const int view = contentHeight - range;
   const auto share = static_cast<double>(track.Height()) / contentHeight;
   const int height =

@@ -95,7 +95,7 @@ std::map<std::wstring, Theme::Shades> Theme::OwnColours() {
   return {
       {L"window", {0xFFF5F6FA, 0xFF15171E}},     {L"ink", {0xFF1A1C24, 0xFFECEEF5}},
       {L"link", {0xFF2D78FC, 0xFF8B9BFF}},       {L"shadow", {0x14202850, 0x50000000}},
-      {L"veil", {0x66101218, 0x99000000}},       {L"scroll-bar", {0x40202838, 0x50ECEEF5}},
+      {L"veil", {0x66101218, 0x80000000}},       {L"scroll-bar", {0x40202838, 0x50ECEEF5}},
       {L"focus-ring", {0xFF7B6EF9, 0xFF8B9BFF}},
   };
 }

@@ -66,7 +66,8 @@ class TreePainter {
     for (const TextLine& line : set.lines) {
       const Point corner = label.GetLineOrigin(line);
       for (const TextPiece& piece : line.pieces) {
-        const std::uint32_t own = ColourOf(look.text, piece.link ? L"link" : L"ink");
+        const std::uint32_t own =
+            piece.link ? window.ArgbOf(Colour::Named(L"link")) : ColourOf(look.text, L"ink");
         surface.DrawText(piece.text, piece.font, piece.colour ? window.ArgbOf(*piece.colour) : own,
                          {corner.x + piece.left, corner.y + line.baseline});
       }

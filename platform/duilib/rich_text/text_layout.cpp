@@ -68,7 +68,10 @@ class Setter {
     if (word.text == L"\n") return NewLine();
     const int width = measure.Width(word.font, word.text);
     if (!Fits(width) && IsBlank(word.text.front())) return;  // blanks hang over the end
-    if (!Fits(width) && !Line().pieces.empty()) NewLine();
+    if (!Fits(width) && !Line().pieces.empty()) {
+      DropBlanksAtEnd(Line());
+      NewLine();
+    }
     if (Fits(width)) return Put(word);
     PutInParts(word);
   }
@@ -100,6 +103,17 @@ class Setter {
     }
     if (fits < piece.text.size() && fits > 0 && IsSecondHalf(piece.text[fits])) --fits;
     return fits;
+  }
+
+  void DropBlanksAtEnd(TextLine& line) {
+    while (!line.pieces.empty() && IsBlank(line.pieces.back().text.back())) {
+      TextPiece& last = line.pieces.back();
+      while (!last.text.empty() && IsBlank(last.text.back())) last.text.pop_back();
+      last.width = measure.Width(last.font, last.text);
+      line.width = last.left + last.width;
+      if (!last.text.empty()) return;
+      line.pieces.pop_back();
+    }
   }
 
   bool Fits(int width) { return room.width < 0 || Line().width + width <= room.width; }

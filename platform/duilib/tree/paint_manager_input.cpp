@@ -45,8 +45,9 @@ void CPaintManagerUI::MoveFocus(bool forward) {
 
 void CPaintManagerUI::ShowFocus(bool value) {
   if (showsFocus == value) return;
-  showsFocus = value;
+  showsFocus = true;  // while the ring counts as damaged
   if (focus != nullptr) focus->Invalidate();
+  showsFocus = value;
 }
 
 bool CPaintManagerUI::OnKey(Key key) {

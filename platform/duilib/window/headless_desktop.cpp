@@ -49,21 +49,22 @@ std::unique_ptr<NativeWindow> HeadlessDesktop::Make(WindowImplBase& window) {
 }
 
 // Windows may open and close meanwhile.
-void HeadlessDesktop::RunWhatIsDue() {
-  while (UIMainQueue::RunPending() != 0) {
-  }
+std::size_t HeadlessDesktop::RunWhatIsDue() {
+  std::size_t ran = 0;
+  while (const std::size_t closures = UIMainQueue::RunPending()) ran += closures;
   const std::vector<CPaintManagerUI*> all = windows;
   for (CPaintManagerUI* window : all) {
     if (std::find(windows.begin(), windows.end(), window) == windows.end()) continue;
-    window->RunDueTimers();
+    ran += window->RunDueTimers();
     window->LayOut();
   }
+  return ran;
 }
 
-std::optional<std::chrono::nanoseconds> HeadlessDesktop::NextDue() const {
+std::optional<std::chrono::nanoseconds> HeadlessDesktop::NextDue(bool withIdle) const {
   std::optional<std::chrono::nanoseconds> next;
   for (const CPaintManagerUI* window : windows) {
-    const auto due = window->NextDue(true);
+    const auto due = window->NextDue(withIdle);
     if (due) next = next ? std::min(*next, *due) : *due;
   }
   return next;

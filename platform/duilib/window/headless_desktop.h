@@ -26,9 +26,10 @@ class DUILIB_API HeadlessDesktop final : public WindowSystem {
   /// person; when it answers false, or there is nothing set, the window is closed as by its cancel.
   void SetRest(std::function<bool()> value) { rest = std::move(value); }
 
-  /// Runs queued closures and due timers, and lays out. When the next timer is due.
-  void RunWhatIsDue();
-  std::optional<std::chrono::nanoseconds> NextDue() const;
+  /// Runs queued closures and due timers, and lays out. How many closures and timers ran.
+  std::size_t RunWhatIsDue();
+  /// When the next timer is due by the clock in force; those that nobody waits for as told.
+  std::optional<std::chrono::nanoseconds> NextDue(bool withIdle = true) const;
 
   std::unique_ptr<NativeWindow> Make(WindowImplBase& window) override;
 

@@ -36,10 +36,13 @@ ModuleHandle FindLoadedModule(const char* name) {
   return module;
 }
 
+std::filesystem::path LibraryFile(const std::filesystem::path& name) {
+  return InstallationFolder() / FileName(name.string());
+}
+
 // By full path: the loader's own search depends on who is seen as its caller.
 ModuleHandle LoadModule(const std::filesystem::path& name) {
-  const std::filesystem::path file = InstallationFolder() / FileName(name.string());
-  return dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+  return dlopen(LibraryFile(name).c_str(), RTLD_NOW | RTLD_LOCAL);
 }
 
 void ReleaseModule(ModuleHandle module) {

@@ -29,10 +29,13 @@ ModuleHandle FindLoadedModule(const char* name) {
   return GetModuleHandleA(name);
 }
 
+std::filesystem::path LibraryFile(const std::filesystem::path& name) {
+  return (InstallationFolder() / name).make_preferred();
+}
+
 // By full path: a bare name would also be looked for in the current folder.
 ModuleHandle LoadModule(const std::filesystem::path& name) {
-  std::filesystem::path file = InstallationFolder() / name;
-  return LoadLibraryExW(file.make_preferred().c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+  return LoadLibraryExW(LibraryFile(name).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
 }
 
 void ReleaseModule(ModuleHandle module) {

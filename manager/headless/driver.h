@@ -1,0 +1,121 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "manager/headless/answer.h"
+#include "manager/headless/command_source.h"
+#include "manager/headless/stepper.h"
+#include "manager/host/manager_tabs.h"
+#include "manager/host/message_hub.h"
+#include "manager/host/plugin.h"
+#include "platform/duilib/window/headless_window.h"
+#include "platform/duilib/window/person.h"
+#include "startup/diagnosis/diagnosis_options.h"
+
+namespace DuiLib {
+class Painter;
+}
+
+namespace manager {
+
+struct DriveOptions : startup::DiagnosisOptions {
+  std::filesystem::path script;  // empty: standard input
+  std::filesystem::path plugin;  // empty: that of the installation
+  bool simpleText = false;       // do without the painter
+  std::chrono::milliseconds waitLimit = std::chrono::seconds(60);  // in real time
+};
+
+/// The manager without a screen: a plugin in a window, and a script of commands instead of a
+/// person. docs/drive.md describes the commands. UI thread only, one in a process.
+class Driver {
+ public:
+  using Arguments = std::vector<std::string>;
+
+  /// Loads the plugin and mounts its pages. Throws std::runtime_error saying what is missing.
+  Driver(const DriveOptions& options, os::VirtualClock& clock);
+  Driver(const Driver&) = delete;
+  Driver& operator=(const Driver&) = delete;
+  ~Driver();
+
+  /// Carries the commands out, answers each on a line of standard output, and takes the plugin
+  /// away. Whether none failed.
+  bool Run();
+
+  /// Ends soon, as at the end of the script. Any thread, and inside a signal's handler.
+  void Stop() { stopped = true; }
+
+  // The commands, by the names of docs/drive.md.
+  void Enter(const Arguments&);
+  void Click(const Arguments&);
+  void Select(const Arguments&);
+  void Activate(const Arguments&);
+  void Link(const Arguments&);
+  void Key(const Arguments&);
+  void Tick(const Arguments&);
+  void Wait(const Arguments&);
+  void Text(const Arguments&);
+  void Dump(const Arguments&);
+  void Windows(const Arguments&);
+  void Events(const Arguments&);
+  void Send(const Arguments&);
+  void Posted(const Arguments&);
+  void Size(const Arguments&);
+  void Scale(const Arguments&);
+  void Theme(const Arguments&);
+  void Shot(const Arguments&);
+  void Unload(const Arguments&);
+  void Quit(const Arguments&);
+
+ private:
+  /// What the command under way will answer when everything rests.
+  struct Answer {
+    std::optional<std::string> error;
+    std::function<void(Json&)> fields;
+  };
+  struct Event {
+    std::string id;
+    std::string payload;
+  };
+
+  void Mount();
+  bool RunNext();
+  void AnswerAtRest();
+  void Begin(const std::string& line);
+  void CarryOut(const std::string& line);
+  void UnloadNow();
+  bool GivesUp() const { return stopped || stepper.IsOverLimit(); }
+  void WaitUntil(const std::function<bool()>& holds, const std::function<std::string()>& what);
+  DuiLib::CPaintManagerUI& TopWindow();
+  std::vector<DuiLib::CPaintManagerUI*> AllWindows();
+  DuiLib::Person Person() { return DuiLib::Person(TopWindow()); }
+
+  const std::chrono::milliseconds waitLimit;
+  MessageHub hub;
+  Stepper stepper;
+  DuiLib::HeadlessWindow window;
+  DuiLib::Painter* painter;
+  ManagerTabs tabs;
+  std::unique_ptr<Plugin> plugin;
+  CommandSource commands;
+
+  std::atomic<bool> stopped = false;
+  std::optional<Answer> answer;
+  std::size_t begun = 0;     // commands
+  bool leaving = false;      // modal windows close, then:
+  bool unloadAsked = false;  // the plugin is taken away,
+  bool quitAsked = false;    // the drive ends
+  bool failed = false;
+
+  std::mutex eventsMutex;
+  std::vector<Event> events;
+};
+
+}  // namespace manager

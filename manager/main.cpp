@@ -1,0 +1,35 @@
+#include <cstdio>
+#include <ctime>
+#include <stdexcept>
+
+#include "manager/arguments.h"
+#include "startup/interruptible.h"
+#include "startup/program.h"
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kFailed = 2;
+constexpr int kEndedAtOnce = 3;
+
+int Drive(const manager::DriveOptions& options) {
+  // Never destroyed: what the plugin leaves behind may wait in it.
+  static auto& clock = *new os::VirtualClock(std::time(nullptr));
+  manager::Driver driver(options, clock);
+  startup::Interruptible interruptible(kEndedAtOnce);
+  interruptible.Cancels([&driver] { driver.Stop(); });
+  const bool done = driver.Run();
+  if (std::ferror(stdout) != 0) throw std::runtime_error("the output could not be written");
+  return done ? kDone : kFailed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return startup::RunProgram("laptop-manager", [argc, argv] {
+    manager::DriveOptions options;
+    if (!manager::ParseArguments(argc, argv, options)) return kDone;
+    startup::PutDiagnosisInForce(options);
+    return Drive(options);
+  });
+}

@@ -1,0 +1,36 @@
+#include "startup/diagnosis/diagnosis_options.h"
+
+#include "common/path_option.h"
+#include "platform/duilib/culture/culture.h"
+#include "platform/message/message_capture.h"
+#include "platform/os/paths.h"
+#include "startup/language.h"
+
+namespace startup {
+
+using common::AddPathOption;
+
+void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options) {
+  AddPathOption(app, "--machine", options.machineFile,
+                "Diagnose the machine that FILE describes instead of this one");
+  AddPathOption(app, "--data-dir", options.dataFolder,
+                "Folder for history, events and log (default: the user's data folder)", "DIR");
+  AddPathOption(app, "--app-dir", options.appFolder,
+                "Installation folder whose config/ is read (default: that of this program)", "DIR");
+  AddPathOption(app, "--system-root", options.systemRoot,
+                "Read /proc, /sys and the product version file below DIR", "DIR");
+  app.add_option("--lang", options.language, "Language of the texts, a file of res/culture, or ids")
+      ->type_name("LANG");
+  app.add_flag("--capture", options.capture,
+               "Write every message that is posted to messages.jsonl in the data folder");
+}
+
+void PutDiagnosisInForce(const DiagnosisOptions& options) {
+  PutInForce(options);
+  const std::filesystem::path resources = os::InstallationFolder() / "res";
+  DuiLib::UICulture::GetInstance()->SetLanguage(
+      options.language.empty() ? UserLanguage(resources) : options.language, resources);
+  if (options.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
+}
+
+}  // namespace startup

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "startup/options.h"
+
+namespace startup {
+
+struct DiagnosisOptions : Options {
+  std::string language;  // empty: the user's
+  bool capture = false;
+};
+
+/// The options that all programs share which diagnose. `options` lives as long as the parser.
+void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options);
+
+/// Puts folders, machine and language in force and starts log and capture. Throws
+/// std::runtime_error saying which of them cannot be used and why.
+void PutDiagnosisInForce(const DiagnosisOptions& options);
+
+}  // namespace startup
