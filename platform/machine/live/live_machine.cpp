@@ -4,6 +4,7 @@
 
 #include "common/log.h"
 #include "common/text.h"
+#include "platform/machine/live/fitting.h"
 
 namespace machine {
 namespace {
@@ -56,6 +57,11 @@ bool LiveMachine::IsSupported(SupportCall call) {
 RepairAnswer LiveMachine::Repair(RepairCall call, std::size_t, std::uint32_t code) {
   const LiveRepair* row = FindRow(&Category::repairs, call);
   return row == nullptr ? kNoRepair : row->run(code);
+}
+
+std::vector<Part> LiveMachine::NotFitted() {
+  const Devices& known = ReadOnce();
+  return FindNotFitted(known.firmware, known.answers);
 }
 
 const Devices& LiveMachine::ReadOnce() {
