@@ -31,7 +31,7 @@ TEST_F(LeftOutTest, ARunOfAllCategoriesLeavesOutWhatIsNotFittedAndSaysSo) {
   for (const char* command : {"run", "check"}) {
     const Outcome text = Run({command});
     EXPECT_EQ(text.exitStatus, 0) << command << text.output;
-    EXPECT_THAT(text.output, HasSubstr("IDS_HARDWARE_DETECT_BLUETOOTH, IDS_HARDWARE_DETECT_BATTERY"
+    EXPECT_THAT(text.output, HasSubstr("IDS_HARDWARE_DETECT_BATTERY, IDS_HARDWARE_DETECT_BT"
                                        ": IDS_HARDWARE_DIAGNOSE_NOT_FITTED\n"))
         << command;
     const Outcome json = Run({command, "--json"});
