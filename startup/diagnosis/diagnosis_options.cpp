@@ -19,6 +19,8 @@ void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options) {
                 "Installation folder whose config/ is read (default: that of this program)", "DIR");
   AddPathOption(app, "--system-root", options.systemRoot,
                 "Read /proc, /sys and the product version file below DIR", "DIR");
+  app.add_flag("--external", options.externalDisks,
+               "Count plugged-in disks (USB, SD cards) among this machine's too");
   app.add_option("--lang", options.language, "Language of the texts, a file of res/culture, or ids")
       ->type_name("LANG");
   app.add_flag("--capture", options.capture,

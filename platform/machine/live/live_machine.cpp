@@ -1,10 +1,10 @@
 #include "platform/machine/live/live_machine.h"
 
 #include <algorithm>
-#include <array>
 
 #include "common/log.h"
 #include "common/text.h"
+#include "platform/machine/live/fitting.h"
 
 namespace machine {
 namespace {
@@ -12,18 +12,10 @@ namespace {
 const TestAnswer kNoDevice{1, L"there is no such device that can be tested", false, {}};
 const RepairAnswer kNoRepair{1, false, L"this repair cannot be made on this machine"};
 
-constexpr auto kCategories = std::to_array<Category (*)()>({
-    ProcessorCategory,
-    MotherboardCategory,
-    MemoryCategory,
-    DiskCategory,
-    KeyboardCategory,
-});
-
 /// The row of a call among what the categories can do, or null.
 template <typename Row, typename Call>
 const Row* FindRow(std::span<const Row> Category::*rows, Call call) {
-  for (const auto category : kCategories) {
+  for (const CategoryOf category : Categories()) {
     const std::span<const Row> known = category().*rows;
     const auto found = std::ranges::find(known, call, &Row::call);
     if (found != known.end()) return &*found;
@@ -37,7 +29,7 @@ Devices ReadDevices() {
   if (!devices.firmware.hasTable)
     COMMON_LOG_INFO(log4cxx::Logger::getLogger("orv.machine"),
                     "the firmware's tables cannot be read");
-  for (const auto category : kCategories)
+  for (const CategoryOf category : Categories())
     if (const auto read = category().read) read(devices);
   return devices;
 }
@@ -65,6 +57,11 @@ bool LiveMachine::IsSupported(SupportCall call) {
 RepairAnswer LiveMachine::Repair(RepairCall call, std::size_t, std::uint32_t code) {
   const LiveRepair* row = FindRow(&Category::repairs, call);
   return row == nullptr ? kNoRepair : row->run(code);
+}
+
+std::vector<Part> LiveMachine::NotFitted() {
+  const Devices& known = ReadOnce();
+  return FindNotFitted(known.firmware, known.answers);
 }
 
 const Devices& LiveMachine::ReadOnce() {
