@@ -17,8 +17,8 @@ struct TestAnswer {
   std::uint32_t code = 0;
   std::wstring text;
   bool pass = true;
-  std::vector<std::uint8_t> flags;  // SMART attributes out of limits, in the call's flag order
-  std::wstring notTested{};         // why the test could not be made; empty when it was
+  std::vector<std::uint8_t> flags{};  // SMART attributes out of limits, in the call's flag order
+  std::wstring notTested{};           // why the test could not be made; empty when it was
 };
 
 struct RepairAnswer {

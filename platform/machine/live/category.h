@@ -50,6 +50,14 @@ Category ProcessorCategory();
 Category MotherboardCategory();
 Category MemoryCategory();
 Category DiskCategory();
+Category GraphicsCategory();
+Category DisplayCategory();
+Category NetworkCategory();
 Category KeyboardCategory();
+
+using CategoryOf = Category (*)();
+
+/// The categories that this system knows to do something with, in the order of their reading.
+std::span<const CategoryOf> Categories();
 
 }  // namespace machine

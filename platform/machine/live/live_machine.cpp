@@ -1,7 +1,6 @@
 #include "platform/machine/live/live_machine.h"
 
 #include <algorithm>
-#include <array>
 
 #include "common/log.h"
 #include "common/text.h"
@@ -13,18 +12,10 @@ namespace {
 const TestAnswer kNoDevice{1, L"there is no such device that can be tested", false, {}};
 const RepairAnswer kNoRepair{1, false, L"this repair cannot be made on this machine"};
 
-constexpr auto kCategories = std::to_array<Category (*)()>({
-    ProcessorCategory,
-    MotherboardCategory,
-    MemoryCategory,
-    DiskCategory,
-    KeyboardCategory,
-});
-
 /// The row of a call among what the categories can do, or null.
 template <typename Row, typename Call>
 const Row* FindRow(std::span<const Row> Category::*rows, Call call) {
-  for (const auto category : kCategories) {
+  for (const CategoryOf category : Categories()) {
     const std::span<const Row> known = category().*rows;
     const auto found = std::ranges::find(known, call, &Row::call);
     if (found != known.end()) return &*found;
@@ -38,7 +29,7 @@ Devices ReadDevices() {
   if (!devices.firmware.hasTable)
     COMMON_LOG_INFO(log4cxx::Logger::getLogger("orv.machine"),
                     "the firmware's tables cannot be read");
-  for (const auto category : kCategories)
+  for (const CategoryOf category : Categories())
     if (const auto read = category().read) read(devices);
   return devices;
 }

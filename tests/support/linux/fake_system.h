@@ -19,6 +19,8 @@ class FakeSystem {
     WriteText(os::SystemPath(path), text);
   }
 
+  std::string Text(const std::string& path) const { return ReadText(os::SystemPath(path)); }
+
   const std::filesystem::path& Root() const { return folder.path; }
 
  private:

@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <initializer_list>
 #include <string_view>
-#include <system_error>
 
 #include "common/ascii.h"
 #include "platform/machine/live/linux/system_file.h"
@@ -22,11 +21,6 @@ static_assert(kSectorsPerGigabyte * 512 == 1'000'000'000);
 
 constexpr auto kNotDisks =
     std::to_array<std::string_view>({"loop", "ram", "zram", "dm-", "md", "sr", "fd"});
-
-bool Exists(const fs::path& path) {
-  std::error_code error;
-  return fs::exists(path, error);
-}
 
 /// The first text of these files that is not empty.
 std::string FirstLine(const fs::path& folder, std::initializer_list<const char*> files) {
