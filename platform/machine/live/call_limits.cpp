@@ -12,7 +12,7 @@ using std::chrono::milliseconds;
 std::array<std::atomic<milliseconds::rep>, static_cast<std::size_t>(CallLimit::Count)>& Limits() {
   static auto& limits =
       *new std::array<std::atomic<milliseconds::rep>, static_cast<std::size_t>(CallLimit::Count)>{
-          0, 10'000, 20'000, 30'000};
+          0, 10'000, 20'000, 40'000};
   return limits;
 }
 

@@ -13,7 +13,7 @@ enum class CallLimit {
   None,    // made in this process
   Device,  // asks devices and services: 10 seconds
   Sound,   // plays and records: 20 seconds
-  Repair,  // changes something and waits for it to take effect: 30 seconds
+  Repair,  // changes something and waits for it to take effect: 40 seconds
   Count
 };
 

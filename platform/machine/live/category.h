@@ -53,7 +53,11 @@ Category DiskCategory();
 Category GraphicsCategory();
 Category DisplayCategory();
 Category NetworkCategory();
+Category BatteryCategory();
 Category KeyboardCategory();
+Category SoundCategory();
+Category BluetoothCategory();
+Category FingerprintCategory();
 
 using CategoryOf = Category (*)();
 

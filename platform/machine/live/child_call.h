@@ -14,8 +14,8 @@ namespace machine {
 /// the test threw.
 TestAnswer TestInChild(TestCall call, int disk, std::chrono::milliseconds limit);
 
-/// Makes a repair in a process of its own, which is not killed at the limit and lives on when this
-/// one ends, so that nothing stays half done. Without an answer the repair has failed.
+/// As TestInChild for a repair, which has failed without an answer. What it has begun to do to a
+/// device comes to its end all the same.
 RepairAnswer RepairInChild(RepairCall call, std::uint32_t code, std::chrono::milliseconds limit);
 
 /// The program that makes them, beside the utility library unless set. For tests.

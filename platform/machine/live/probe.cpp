@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "common/path_text.h"
-#include "platform/machine/live/apart.h"
 #include "platform/machine/live/live_machine.h"
 #include "platform/machine/machine_files/machine_file_writer.h"
 #include "platform/machine/machine_files/record_answer.h"
@@ -40,17 +39,10 @@ int AnswerTest(TestCall call, int disk) {
   return Print(recording);
 }
 
-struct RepairRequest {
-  RepairCall call;
-  std::uint32_t code;
-};
-
-int AnswerRepair(const void* context) {
-  const auto& request = *static_cast<const RepairRequest*>(context);
+int AnswerRepair(RepairCall call, std::uint32_t code) {
   LiveMachine machine;
   Recording recording;
-  recording.repairs[static_cast<std::size_t>(request.call)] = {
-      RecordRepair(machine, request.call, request.code)};
+  recording.repairs[static_cast<std::size_t>(call)] = {RecordRepair(machine, call, code)};
   return Print(recording);
 }
 
@@ -65,9 +57,9 @@ int AnswerAsProbe(int count, const char* const* words) {
   const auto disk = NumberOf<int>(about);
   const auto code = NumberOf<std::uint32_t>(about);
   if (kind == "test" && test != kTestCalls.end() && disk) return AnswerTest(test->call, *disk);
-  if (kind != "repair" || repair == kRepairCalls.end() || !code) return kWrongUse;
-  const RepairRequest request{repair->call, *code};
-  return WorkApart(AnswerRepair, &request);
+  if (kind == "repair" && repair != kRepairCalls.end() && code)
+    return AnswerRepair(repair->call, *code);
+  return kWrongUse;
 }
 
 }  // namespace machine

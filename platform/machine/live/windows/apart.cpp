@@ -1,9 +1,0 @@
-#include "platform/machine/live/apart.h"
-
-namespace machine {
-
-int WorkApart(int (*work)(const void* context), const void* context) {
-  return work(context);
-}
-
-}  // namespace machine
