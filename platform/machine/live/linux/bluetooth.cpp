@@ -67,7 +67,7 @@ std::vector<UsbDevice> ListRadios() {
 
 bool HasDriver(const UsbDevice& radio) {
   return std::ranges::any_of(InterfacesOf(radio), [](const fs::path& folder) {
-    return IsBluetoothInterface(folder) && Exists(folder / "driver");
+    return IsBluetoothInterface(folder) && !LinkedName(folder, "driver").empty();
   });
 }
 
