@@ -79,6 +79,8 @@ void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
                 "Installation folder whose config/ is read (default: that of this program)", "DIR");
   AddPathOption(app, "--system-root", arguments.systemRoot,
                 "Read /proc, /sys and the product version file below DIR", "DIR");
+  app.add_flag("--external", arguments.externalDisks,
+               "Count plugged-in disks (USB, SD cards) among this machine's too");
   app.add_option("--lang", arguments.language,
                  "Language of the texts, a file of res/culture, or ids")
       ->type_name("LANG");

@@ -16,6 +16,7 @@ void PutInForce(const Options& options) {
                   {&Options::systemRoot, &os::SetSystemRoot}};
   for (const auto& [folder, set] : kFolders)
     if (!(options.*folder).empty()) set(std::filesystem::absolute(options.*folder));
+  machine::SetExternalDisksCounted(options.externalDisks);
   if (!options.machineFile.empty())
     machine::SetCurrent(machine::ReadMachineFile(options.machineFile));
   util::StartLogFile(os::DataFolder() / "log");

@@ -10,6 +10,7 @@ struct Options {
   std::filesystem::path dataFolder;
   std::filesystem::path appFolder;  // the installation whose configuration is read
   std::filesystem::path systemRoot;
+  bool externalDisks = false;  // plugged-in disks count too
 };
 
 /// Puts folders and machine in force and starts the log. Throws std::runtime_error saying which of

@@ -2,6 +2,7 @@
 
 #include <atomic>
 
+#include "platform/machine/live/disk.h"
 #include "platform/machine/live/live_machine.h"
 #include "platform/os/paths.h"
 
@@ -28,6 +29,10 @@ bool IsLive() {
 void SetCurrent(std::unique_ptr<Machine> machine) {
   os::SetMachineDescribed(machine != nullptr);
   delete Chosen().exchange(machine.release());
+}
+
+void SetExternalDisksCounted(bool counted) {
+  CountExternalDisks(counted);
 }
 
 }  // namespace machine

@@ -16,4 +16,8 @@ UTIL_API bool IsLive();
 /// hardware call may be running.
 UTIL_API void SetCurrent(std::unique_ptr<Machine> machine);
 
+/// Whether the live machine counts disks that are plugged in, such as USB disks and SD cards, among
+/// its own. It does not by default. For a program's start, before the first question.
+UTIL_API void SetExternalDisksCounted(bool counted);
+
 }  // namespace machine

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 
 #include "common/text.h"
 #include "platform/machine/live/category.h"
@@ -13,8 +14,15 @@ namespace {
 
 constexpr auto kTransports = std::to_array<std::string_view>({"ATA", "NVMe"});
 
+std::atomic<bool>& AreExternalCounted() {
+  static std::atomic<bool>& counted = *new std::atomic<bool>(false);
+  return counted;
+}
+
 void ReadDisks(Devices& devices) {
   devices.disks = ListDisks();
+  if (!AreExternalCounted())
+    std::erase_if(devices.disks, [](const Disk& disk) { return disk.isExternal; });
   Inventory& answers = devices.answers;
   for (std::size_t i = 0; i < devices.disks.size(); ++i) {
     const Disk& disk = devices.disks[i];
@@ -39,6 +47,10 @@ constexpr auto kTests = std::to_array<LiveTest>({
 });
 
 }  // namespace
+
+void CountExternalDisks(bool count) {
+  AreExternalCounted() = count;
+}
 
 std::string DiskCaption(const std::string& vendor, const std::string& model) {
   if (vendor.empty() || std::ranges::count(kTransports, vendor) > 0) return model;

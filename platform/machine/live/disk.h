@@ -15,11 +15,16 @@ struct Disk {
   std::string serialNumber;
   std::string firmwareRevision;
   bool isSolidState = false;
+  bool isExternal = false;  // plugged in, not built in
 };
 
-/// The disks of the machine in the system's order: those that a device stands behind and that have
+/// The disks that are there in the system's order: those that a device stands behind and that have
 /// a size, optical and floppy drives left out.
 std::vector<Disk> ListDisks();
+
+/// Whether disks that are plugged in count among the machine's too; they do not unless told here.
+/// For a program's start.
+void CountExternalDisks(bool count);
 
 /// What a disk of this vendor and model is called. A transport that is given as the vendor of every
 /// disk behind it is left out.

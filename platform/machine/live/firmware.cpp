@@ -1,12 +1,12 @@
 #include "platform/machine/live/firmware.h"
 
-#include "common/ascii.h"
+#include "platform/machine/live/firmware_text.h"
 
 namespace machine {
 
 FirmwareInfo FirmwareOf(std::span<const std::byte> bytes) {
   const SmbiosTable table(bytes);
-  return {true, common::Trimmed(table.ProductName()), table.BaseBoard(), table.MemoryModules(),
+  return {true, FirmwareText(table.ProductName()), table.BaseBoard(), table.MemoryModules(),
           table.ExternalClockMhz()};
 }
 

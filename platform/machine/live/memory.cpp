@@ -1,9 +1,9 @@
 #include <array>
 #include <optional>
 
-#include "common/ascii.h"
 #include "common/text.h"
 #include "platform/machine/live/category.h"
+#include "platform/machine/live/firmware_text.h"
 #include "platform/machine/workloads/memory_buffer.h"
 #include "platform/machine/workloads/memory_tests.h"
 #include "platform/machine/workloads/system_memory.h"
@@ -14,7 +14,7 @@ namespace {
 constexpr std::uint32_t kNoMemory = 2;
 
 std::wstring Wide(const std::string& text) {
-  return common::Utf8ToWide(common::Trimmed(text));
+  return common::Utf8ToWide(FirmwareText(text));
 }
 
 // The slots, or without any the size alone that the system manages.
@@ -24,8 +24,9 @@ void ReadMemory(Devices& devices) {
   std::uint64_t megabytes = 0;
   for (std::size_t slot = 0; slot < modules.size(); ++slot) {
     const SmbiosTable::MemoryModule& module = modules[slot];
-    answers.Set(InfoCall::MemoryPartNumber, Wide(module.partNumber), slot);
     answers.Set(InfoCall::MemoryLocator, Wide(module.locator), slot);
+    if (module.megabytes == 0) continue;  // what else is said of an empty slot means nothing
+    answers.Set(InfoCall::MemoryPartNumber, Wide(module.partNumber), slot);
     answers.Set(InfoCall::MemoryManufacturer, Wide(module.maker), slot);
     answers.Set(InfoCall::MemoryCapacity, module.megabytes, slot);
     answers.Set(InfoCall::MemorySerialNumber, Wide(module.serialNumber), slot);

@@ -1,8 +1,8 @@
 #include <array>
 
-#include "common/ascii.h"
 #include "common/text.h"
 #include "platform/machine/live/category.h"
+#include "platform/machine/live/firmware_text.h"
 
 namespace machine {
 namespace {
@@ -21,7 +21,7 @@ constexpr auto kBoardRows = std::to_array<BoardRow>({
 
 void ReadBoard(Devices& devices) {
   for (const BoardRow& row : kBoardRows) {
-    const std::string text = common::Trimmed(devices.firmware.board.*row.field);
+    const std::string text = FirmwareText(devices.firmware.board.*row.field);
     devices.answers.Set(row.call, common::Utf8ToWide(text));
   }
 }

@@ -7,7 +7,10 @@
 #include <string_view>
 
 #include "common/ascii.h"
+#include "platform/machine/live/ata_identity.h"
+#include "platform/machine/live/linux/device_folder.h"
 #include "platform/machine/live/linux/system_file.h"
+#include "platform/machine/live/linux/udev_data.h"
 #include "platform/os/paths.h"
 
 namespace machine {
@@ -37,6 +40,28 @@ bool IsDisk(const std::string& name, const fs::path& folder) {
   return !Exists(folder / "device/queue") && ReadLine(folder / "hidden") != "1";
 }
 
+/// Plugged in: an SD card or stick, or anything behind a port for such.
+bool IsExternal(const fs::path& folder) {
+  const fs::path device = DeviceFolder(folder / "device");
+  return ReadLine(folder / "removable") == "1" || ReadLine(device / "type") == "SD" ||
+         IsOnUsb(device) || !IsInner(device);
+}
+
+/// Of an ATA disk, whose names the kernel cuts off: its own, else those that the device manager
+/// has.
+AtaIdentity WholeIdentity(const fs::path& folder) {
+  constexpr std::size_t kPageLimit = 1024;
+  if (ReadLine(folder / "device/vendor") != "ATA") return {};
+  if (auto own = ParseAtaPage(ReadBytes(folder / "device/vpd_pg89", kPageLimit)))
+    return *std::move(own);
+  const std::string number = ReadLine(folder / "dev");
+  if (number.empty()) return {};
+  UdevProperties known = ReadUdevData("b" + number);
+  if (known["ID_BUS"] != "ata") return {};
+  return {common::Trimmed(DecodeUdevText(known["ID_MODEL_ENC"])), known["ID_SERIAL_SHORT"],
+          known["ID_REVISION"]};
+}
+
 std::string Caption(const std::string& name, const fs::path& folder) {
   const std::string model = FirstLine(folder, {"device/model", "device/name"});
   if (model.empty()) return name;
@@ -54,6 +79,12 @@ std::string PageSerialNumber(const fs::path& folder) {
   return common::Trimmed(text.substr(0, text.find('\0')));
 }
 
+void TakeOver(const AtaIdentity& identity, Disk& disk) {
+  if (!identity.model.empty()) disk.caption = identity.model;
+  if (!identity.serialNumber.empty()) disk.serialNumber = identity.serialNumber;
+  if (!identity.firmwareRevision.empty()) disk.firmwareRevision = identity.firmwareRevision;
+}
+
 Disk ReadDisk(const std::string& name, const fs::path& folder) {
   std::string file = name;
   std::ranges::replace(file, '!', '/');  // stands for it in the kernel's name
@@ -65,6 +96,8 @@ Disk ReadDisk(const std::string& name, const fs::path& folder) {
   if (disk.serialNumber.empty()) disk.serialNumber = PageSerialNumber(folder);
   disk.firmwareRevision = FirstLine(folder, {"device/firmware_rev", "device/rev", "device/fwrev"});
   disk.isSolidState = ReadNumber(folder / "queue/rotational") == 0;
+  disk.isExternal = IsExternal(folder);
+  TakeOver(WholeIdentity(folder), disk);
   return disk;
 }
 

@@ -1,6 +1,8 @@
 #include "platform/machine/live/firmware.h"
 
+#include "platform/machine/live/firmware_text.h"
 #include "platform/machine/live/linux/system_file.h"
+#include "platform/machine/live/linux/udev_data.h"
 #include "platform/os/paths.h"
 
 namespace machine {
@@ -20,9 +22,10 @@ FirmwareInfo ReadFirmware() {
       ReadBytes(os::SystemPath("/sys/firmware/dmi/tables/DMI"), kTableLimit);
   if (!table.empty()) return FirmwareOf(table);
   FirmwareInfo info;
-  info.productName = KernelText("product_name");
+  info.productName = FirmwareText(KernelText("product_name"));
   info.board = {KernelText("board_vendor"), KernelText("board_name"), KernelText("board_version"),
                 KernelText("board_serial")};
+  info.modules = MemoryModulesOf(ReadUdevData("+dmi:id"));
   return info;
 }
 

@@ -64,13 +64,11 @@ TestAnswer CheckAll() {
   return answer.code == 0 ? TestLoopBack() : answer;
 }
 
-/// The devices that a driver can be given to again: those without first.
+/// The devices that a driver is to be given to: those without, or where all have one all of them.
 std::vector<PciDevice> ListToBind() {
   std::vector<PciDevice> controllers = ListControllers();
-  std::ranges::stable_partition(controllers,
-                                [](const PciDevice& device) { return device.driver.empty(); });
-  if (!controllers.empty() && controllers.front().driver.empty())
-    std::erase_if(controllers, [](const PciDevice& device) { return !device.driver.empty(); });
+  const auto hasDriver = [](const PciDevice& device) { return !device.driver.empty(); };
+  if (!std::ranges::all_of(controllers, hasDriver)) std::erase_if(controllers, hasDriver);
   return controllers;
 }
 

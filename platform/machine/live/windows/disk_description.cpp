@@ -39,6 +39,8 @@ std::optional<Disk> DescribeDisk(unsigned number, const DriveAnswers& answers) {
   disk.serialNumber = TextAt(bytes, head.SerialNumberOffset);
   disk.firmwareRevision = TextAt(bytes, head.ProductRevisionOffset);
   disk.isSolidState = answers.hasSeekPenalty == false;
+  disk.isExternal =
+      head.RemovableMedia != 0 || head.BusType == BusTypeUsb || head.BusType == BusTypeSd;
   if (model.empty() && disk.serialNumber.empty()) return std::nullopt;
   if (disk.caption.empty()) disk.caption = "PhysicalDrive" + std::to_string(number);
   return disk;
