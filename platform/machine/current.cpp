@@ -18,7 +18,7 @@ std::atomic<Machine*>& Chosen() {
 
 Machine& Current() {
   if (Machine* chosen = Chosen().load()) return *chosen;
-  static Machine& live = *new LiveMachine;
+  static Machine& live = *new LiveMachine(LiveMachine::Place::ChildProcess);
   return live;
 }
 

@@ -14,8 +14,9 @@ struct ProcessResult {
 
 /// Runs a program found in the search path with this argument vector (no shell), without input, its
 /// error output discarded, and waits for its end. Nothing when it cannot be started, is ended by a
-/// signal, prints more than the limit or outlives `limit`; it is then killed. `fault`, where given,
-/// takes which of these it was, as the end of a sentence about the program. Any thread.
+/// signal, prints more than the limit or outlives `limit`; it is then killed, and not waited for
+/// where the system does not let go of it. `fault`, where given, takes which of these it was, as
+/// the end of a sentence about the program. Any thread.
 std::optional<ProcessResult> RunProcess(const std::vector<std::string>& arguments,
                                         std::chrono::milliseconds limit,
                                         std::string* fault = nullptr);

@@ -16,7 +16,7 @@ namespace machine {
 /// one that cannot be read.
 struct TestAnswer {
   std::uint32_t code = 0;
-  std::wstring text;
+  std::wstring text{};
   bool pass = true;
   std::vector<std::uint8_t> flags{};  // SMART attributes out of limits, in the call's flag order
   std::wstring notTested{};           // why the test could not be made; empty when it was
@@ -25,7 +25,7 @@ struct TestAnswer {
 struct RepairAnswer {
   std::uint32_t code = 0;
   bool restart = false;
-  std::wstring text;
+  std::wstring text{};
 };
 
 /// The machine that the hardware libraries ask: this one, or one described by a file.

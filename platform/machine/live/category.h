@@ -6,6 +6,7 @@
 
 #include "platform/machine/interface/inventory.h"
 #include "platform/machine/interface/machine.h"
+#include "platform/machine/live/call_limits.h"
 #include "platform/machine/live/disk.h"
 #include "platform/machine/live/firmware.h"
 
@@ -23,6 +24,7 @@ struct Devices {
 struct LiveTest {
   TestCall call;
   TestAnswer (*run)(const Devices& devices, TestCall call, int disk);
+  CallLimit limit = CallLimit::None;
 };
 
 struct LiveSupport {
@@ -33,6 +35,7 @@ struct LiveSupport {
 struct LiveRepair {
   RepairCall call;
   RepairAnswer (*run)(std::uint32_t code);
+  CallLimit limit = CallLimit::None;
 };
 
 /// A category names the calls that it can make on this system; any other finds no device.
@@ -50,7 +53,11 @@ Category DiskCategory();
 Category GraphicsCategory();
 Category DisplayCategory();
 Category NetworkCategory();
+Category BatteryCategory();
 Category KeyboardCategory();
+Category SoundCategory();
+Category BluetoothCategory();
+Category FingerprintCategory();
 
 using CategoryOf = Category (*)();
 

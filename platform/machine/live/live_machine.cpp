@@ -4,6 +4,7 @@
 
 #include "common/log.h"
 #include "common/text.h"
+#include "platform/machine/live/child_call.h"
 #include "platform/machine/live/fitting.h"
 
 namespace machine {
@@ -46,7 +47,9 @@ std::wstring LiveMachine::ProductName() {
 
 TestAnswer LiveMachine::Test(TestCall call, std::size_t, int disk) {
   const LiveTest* row = FindRow(&Category::tests, call);
-  return row == nullptr ? kNoDevice : row->run(ReadOnce(), call, disk);
+  if (row == nullptr) return kNoDevice;
+  if (guarded && row->limit != CallLimit::None) return TestInChild(call, disk, LimitOf(row->limit));
+  return row->run(ReadOnce(), call, disk);
 }
 
 bool LiveMachine::IsSupported(SupportCall call) {
@@ -56,7 +59,10 @@ bool LiveMachine::IsSupported(SupportCall call) {
 
 RepairAnswer LiveMachine::Repair(RepairCall call, std::size_t, std::uint32_t code) {
   const LiveRepair* row = FindRow(&Category::repairs, call);
-  return row == nullptr ? kNoRepair : row->run(code);
+  if (row == nullptr) return kNoRepair;
+  if (guarded && row->limit != CallLimit::None)
+    return RepairInChild(call, code, LimitOf(row->limit));
+  return row->run(code);
 }
 
 std::vector<Part> LiveMachine::NotFitted() {

@@ -12,6 +12,11 @@ namespace machine {
 /// it cannot test answer that there is none.
 class LiveMachine : public Machine {
  public:
+  /// Where the calls are made that have a limit. In this process nothing holds them to it.
+  enum class Place { ThisProcess, ChildProcess };
+
+  explicit LiveMachine(Place place = Place::ThisProcess) : guarded(place == Place::ChildProcess) {}
+
   const Inventory& Info() override;
   std::wstring ProductName() override;
   TestAnswer Test(TestCall call, std::size_t ordinal, int disk) override;
@@ -22,6 +27,7 @@ class LiveMachine : public Machine {
  private:
   const Devices& ReadOnce();
 
+  const bool guarded;
   std::once_flag wasRead;
   Devices devices;
 };

@@ -32,6 +32,7 @@ class FileBuilder {
   Value Answer(const RecordedAnswer& answer, std::uint32_t passedCode);
   Value Answers(RecordedAnswers answers, std::uint32_t passedCode);
   Value Tests(const Recording& recording);
+  Value Repairs(const Recording& recording);
 
   rapidjson::Document file{rapidjson::kObjectType};
   rapidjson::Document::AllocatorType& allocator = file.GetAllocator();
@@ -68,7 +69,8 @@ bool IsToBeWritten(const Inventory& info, const InfoCallRow& row) {
 
 bool operator==(const RecordedAnswer& one, const RecordedAnswer& other) {
   return one.code == other.code && one.text == other.text && one.notTested == other.notTested &&
-         one.pass == other.pass && one.flags == other.flags && one.fault == other.fault;
+         one.pass == other.pass && one.restart == other.restart && one.flags == other.flags &&
+         one.fault == other.fault;
 }
 
 // The text goes through the wide form, which mends malformed UTF-8.
@@ -148,6 +150,7 @@ Value FileBuilder::Answer(const RecordedAnswer& answer, std::uint32_t passedCode
   if (!answer.text.empty()) object.AddMember("text", Text(answer.text), allocator);
   if (!answer.notTested.empty()) object.AddMember("notTested", Text(answer.notTested), allocator);
   if (!answer.pass) object.AddMember("pass", Value(false), allocator);
+  if (answer.restart) object.AddMember("restart", Value(true), allocator);
   if (!answer.flags.empty()) {
     Value flags(rapidjson::kArrayType);
     for (const std::uint8_t flag : answer.flags) flags.PushBack(unsigned{flag}, allocator);
@@ -185,6 +188,13 @@ Value FileBuilder::Tests(const Recording& recording) {
   return tests;
 }
 
+Value FileBuilder::Repairs(const Recording& recording) {
+  Value repairs(rapidjson::kObjectType);
+  for (std::size_t i = 0; i < kRepairCalls.size(); ++i)
+    AddUnlessEmpty(repairs, kRepairCalls[i].name, Answers(recording.repairs[i], 0));
+  return repairs;
+}
+
 std::string FileBuilder::Build(const Recording& recording) {
   if (!recording.product.empty()) AddUnlessEmpty(file, "product", Text(recording.product));
   if (recording.shelf) AddUnlessEmpty(file, "shelf", Shelf(*recording.shelf));
@@ -193,6 +203,7 @@ std::string FileBuilder::Build(const Recording& recording) {
   AddUnlessEmpty(file, "registry", Registry(recording.registry));
   AddUnlessEmpty(file, "info", Info(recording.info));
   AddUnlessEmpty(file, "tests", Tests(recording));
+  AddUnlessEmpty(file, "repairs", Repairs(recording));
 
   rapidjson::StringBuffer buffer;
   rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(buffer);

@@ -6,8 +6,8 @@
 
 namespace machine {
 
-/// The text of a machine file that gives these answers, as short as it can be. Repairs, delays and
-/// restarts are left out.
+/// The text of a machine file that gives these answers, as short as it can be. Delays are left
+/// out.
 std::string WriteMachineFile(const Recording& recording);
 
 }  // namespace machine

@@ -1,32 +1,14 @@
 #include "platform/machine/machine_files/recorder.h"
 
 #include <algorithm>
-#include <exception>
 
-#include "common/log.h"
 #include "platform/machine/machine_files/machine_file.h"
 #include "platform/machine/machine_files/machine_file_writer.h"
+#include "platform/machine/machine_files/record_answer.h"
 #include "platform/machine/masking/identifier_mask.h"
 
 namespace machine {
 namespace {
-
-RecordedAnswer Ask(Machine& machine, TestCall call, std::size_t ordinal, int disk) {
-  RecordedAnswer recorded;
-  try {
-    TestAnswer answer = machine.Test(call, ordinal, disk);
-    recorded.code = answer.code;
-    recorded.text = std::move(answer.text);
-    recorded.notTested = std::move(answer.notTested);
-    recorded.pass = answer.pass || !HasVerdict(call);
-    recorded.flags = std::move(answer.flags);
-    while (!recorded.flags.empty() && recorded.flags.back() == 0) recorded.flags.pop_back();
-  } catch (...) {
-    recorded.code = PassedCode(kTestCalls[static_cast<std::size_t>(call)]);
-    recorded.fault = common::DescribeCurrentException();
-  }
-  return recorded;
-}
 
 // In disk order, as one detector object asks in a run.
 RecordedAnswers AskDisks(Machine& machine, TestCall call) {
@@ -36,7 +18,7 @@ RecordedAnswers AskDisks(Machine& machine, TestCall call) {
   RecordedAnswers answers;
   for (int disk = 0; disk < count; ++disk) {
     if (info.Flag(InfoCall::DiskIsSolidState, disk) == isSolidState)
-      answers.push_back(Ask(machine, call, answers.size(), disk));
+      answers.push_back(RecordTest(machine, call, answers.size(), disk));
   }
   return answers;
 }
@@ -50,7 +32,7 @@ void AskTests(Machine& machine, bool all, Recording& recording) {
     if (!all && !IsAskedByInformation(row.call)) continue;
     recording.tests[static_cast<std::size_t>(row.call)] =
         row.flagCount > 0 ? AskDisks(machine, row.call)
-                          : RecordedAnswers{Ask(machine, row.call, 0, -1)};
+                          : RecordedAnswers{RecordTest(machine, row.call, 0, -1)};
   }
 }
 

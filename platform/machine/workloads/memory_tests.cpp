@@ -4,6 +4,8 @@
 #include <locale>
 #include <sstream>
 
+#include "platform/machine/workloads/memory_error.h"
+
 namespace machine {
 namespace {
 
@@ -119,10 +121,17 @@ std::optional<MemoryFault> FindMemoryFault(TestCall test, std::span<volatile std
 
 TestAnswer TestMemory(TestCall test, std::span<volatile std::uint64_t> words,
                       const std::function<void()>& beforeVerify) {
-  const std::optional<MemoryFault> fault = FindMemoryFault(test, words, beforeVerify);
-  if (!fault) return {};
+  std::optional<MemoryFault> fault;
+  const std::optional<std::uintptr_t> lost =
+      CatchMemoryError([&] { fault = FindMemoryFault(test, words, beforeVerify); });
   std::wostringstream text;
   text.imbue(std::locale::classic());
+  if (lost) {
+    text << std::hex << L"the system reports an uncorrectable error of the memory at address 0x"
+         << *lost;
+    return {1, text.str(), false, {}};
+  }
+  if (!fault) return {};
   text << std::hex << L"memory at offset 0x" << fault->offset << L" reads 0x" << fault->found
        << L" instead of 0x" << fault->expected;
   return {1, text.str(), false, {}};

@@ -24,7 +24,8 @@ struct MemoryFault {
 std::optional<MemoryFault> FindMemoryFault(TestCall test, std::span<volatile std::uint64_t> words,
                                            const std::function<void()>& beforeVerify = {});
 
-/// The same as a test library answers it: code 0 or, with a text that names the place, 1.
+/// The same as a test library answers it: code 0 or, with a text that names the place, 1. Memory
+/// that has lost its content beyond repair, by the system's report, is such a place too.
 TestAnswer TestMemory(TestCall test, std::span<volatile std::uint64_t> words,
                       const std::function<void()>& beforeVerify = {});
 

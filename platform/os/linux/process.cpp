@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <csignal>
 #include <limits>
+#include <mutex>
 
 #include "platform/os/process_fault.h"
 
@@ -20,6 +21,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t kOutputLimit = std::size_t{4} << 20;
+constexpr std::chrono::milliseconds kKillPatience{500};
 constexpr const char* kUnreadable = "cannot be listened to";
 constexpr const char* kKilled = "was ended by a signal";
 
@@ -45,8 +47,30 @@ class Descriptor {
   int number;
 };
 
+/// Children that were killed and had not ended yet: one that hangs in the kernel ends when that
+/// lets go of it, or never. Nobody waits for them; those that have ended are reaped when another
+/// one is started.
+class LeftBehind {
+ public:
+  static LeftBehind& Instance() {
+    static LeftBehind& instance = *new LeftBehind;
+    return instance;
+  }
+  void Add(pid_t child) {
+    const std::lock_guard lock(mutex);
+    children.push_back(child);
+  }
+  void Reap() {
+    const std::lock_guard lock(mutex);
+    std::erase_if(children, [](pid_t child) { return waitpid(child, nullptr, WNOHANG) != 0; });
+  }
+
+ private:
+  std::mutex mutex;
+  std::vector<pid_t> children;  // guarded by mutex
+};
+
 /// A child that leads its own process group, so that killing reaches what it started itself.
-/// Reaped on every path.
 class Child {
  public:
   explicit Child(pid_t started) : pid(started) {}
@@ -55,26 +79,30 @@ class Child {
   ~Child() {
     if (pid < 0) return;
     kill(-pid, SIGKILL);
-    while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
-    }
+    if (!HasEndedBy(Clock::now() + kKillPatience)) LeftBehind::Instance().Add(pid);
   }
 
   /// Nothing when it was ended by a signal or still runs at the deadline.
   std::optional<int> WaitUntil(Clock::time_point deadline) {
+    if (!HasEndedBy(deadline) || !WIFEXITED(status)) return std::nullopt;
+    return WEXITSTATUS(status);
+  }
+
+ private:
+  bool HasEndedBy(Clock::time_point deadline) {
     for (;;) {
-      int status = 0;
       const pid_t ended = waitpid(pid, &status, WNOHANG);
       if (ended == pid || (ended < 0 && errno != EINTR)) {
         pid = -1;
-        if (ended < 0 || !WIFEXITED(status)) return std::nullopt;
-        return WEXITSTATUS(status);
+        if (ended < 0) status = SIGKILL;  // nobody knows how
+        return true;
       }
-      if (Clock::now() >= deadline) return std::nullopt;
+      if (Clock::now() >= deadline) return false;
       poll(nullptr, 0, 1);
     }
   }
 
- private:
+  int status = 0;
   pid_t pid;
 };
 
@@ -159,6 +187,7 @@ std::optional<ProcessResult> RunProcess(const std::vector<std::string>& argument
   *fault = kNotStarted;
   if (arguments.empty()) return std::nullopt;
   const Clock::time_point deadline = Clock::now() + limit;
+  LeftBehind::Instance().Reap();
 
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return std::nullopt;

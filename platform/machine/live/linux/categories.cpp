@@ -16,7 +16,11 @@ constexpr auto kCategories = std::to_array<CategoryOf>({
     GraphicsCategory,
     DisplayCategory,
     NetworkCategory,
+    BatteryCategory,
+    SoundCategory,
     KeyboardCategory,
+    BluetoothCategory,
+    FingerprintCategory,
 });
 
 }  // namespace
