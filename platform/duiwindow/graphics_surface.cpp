@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/duiwindow/graphics_colour.h"
+#include "platform/duiwindow/wide.h"
 
 namespace duiwindow {
 namespace {
@@ -25,13 +26,12 @@ double FittingRadius(double radius, const wxRect& rect) {
 
 // Words with the blanks behind them, and single wide characters.
 std::vector<std::wstring_view> WordsOf(std::wstring_view text) {
-  constexpr wchar_t kFirstWide = 0x2E80;
   std::vector<std::wstring_view> words;
   std::size_t begin = 0;
   for (std::size_t at = 1; at < text.size(); ++at) {
     const bool isSecondHalf = text[at] >= 0xDC00 && text[at] <= 0xDFFF;
     const bool begins = text[at] != L' ' && text[at - 1] == L' ';
-    const bool isWide = text[at] >= kFirstWide || text[at - 1] >= kFirstWide;
+    const bool isWide = IsWide(text[at]) || IsWide(text[at - 1]);
     if (isSecondHalf || !(begins || isWide)) continue;
     words.push_back(text.substr(begin, at - begin));
     begin = at;
@@ -132,19 +132,20 @@ void GraphicsSurface::DrawPicture(const std::filesystem::path& file, const DuiLi
 void GraphicsSurface::DrawText(std::wstring_view text, const DuiLib::Font& font, std::uint32_t argb,
                                DuiLib::Point start) {
   if (text.empty() || ShowsNothing(argb)) return;
+  const bool wide = Texts::HasWide(text);
   const int baseline = DownDots(start.y);
   double left = AcrossDots(start.x);
-  context.SetFont(paints.texts.FontAt(scale, font, argb));
+  context.SetFont(paints.texts.FontAt(scale, font, wide, argb));
   const std::vector<std::wstring_view> words = scale == 1 ? std::vector{text} : WordsOf(text);
   double ownWidth = 0;
   for (const std::wstring_view word : words) {
-    ownWidth += paints.texts.ExtentAt(scale, font, word).width;
+    ownWidth += paints.texts.ExtentAt(scale, font, wide, word).width;
   }
-  const double rest = paints.texts.ExtentAt(1, font, text).width * scale - ownWidth;
+  const double rest = paints.texts.ExtentAt(1, font, wide, text).width * scale - ownWidth;
   const double gap = words.size() == 1 ? 0 : rest / static_cast<double>(words.size() - 1);
   for (const std::wstring_view word : words) {
     // Letters of different faces stand at different heights in their texts.
-    const Texts::Extent own = paints.texts.ExtentAt(scale, font, word);
+    const Texts::Extent own = paints.texts.ExtentAt(scale, font, wide, word);
     context.DrawText(wxString(word.data(), word.size()), left, baseline - Rounded(own.ascent));
     left += own.width + gap;
   }

@@ -1,9 +1,11 @@
 #include "platform/duiwindow/texts.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/duiwindow/graphics_colour.h"
 #include "platform/duiwindow/toolkit.h"
+#include "platform/duiwindow/wide.h"
 
 namespace duiwindow {
 namespace {
@@ -22,7 +24,7 @@ Texts::Texts() : ground(1, 1), fonts(kMostFonts), extents(kMostExtents) {
 }
 
 int Texts::Width(const DuiLib::Font& font, std::wstring_view text) {
-  return static_cast<int>(std::ceil(ExtentAt(1, font, text).width));
+  return static_cast<int>(std::ceil(ExtentAt(1, font, HasWide(text), text).width));
 }
 
 int Texts::LineHeight(const DuiLib::Font& font) {
@@ -33,15 +35,21 @@ int Texts::Baseline(const DuiLib::Font& font) {
   return static_cast<int>(std::lround(font.size * kBaseline));
 }
 
-Texts::Extent Texts::ExtentAt(double scale, const DuiLib::Font& font, std::wstring_view text) {
-  if (text.empty()) return {};
-  if (text.size() > kLongestKept) return Measure(scale, font, text);
-  return extents.Get({scale, font.size, font.bold, std::wstring(text)},
-                     [&] { return Measure(scale, font, text); });
+bool Texts::HasWide(std::wstring_view text) {
+  return std::any_of(text.begin(), text.end(), IsWide);
 }
 
-Texts::Extent Texts::Measure(double scale, const DuiLib::Font& font, std::wstring_view text) {
-  context->SetFont(FontAt(scale, font, 0));
+Texts::Extent Texts::ExtentAt(double scale, const DuiLib::Font& font, bool wide,
+                              std::wstring_view text) {
+  if (text.empty()) return {};
+  if (text.size() > kLongestKept) return Measure(scale, font, wide, text);
+  return extents.Get({scale, font.size, font.bold, wide, std::wstring(text)},
+                     [&] { return Measure(scale, font, wide, text); });
+}
+
+Texts::Extent Texts::Measure(double scale, const DuiLib::Font& font, bool wide,
+                             std::wstring_view text) {
+  context->SetFont(FontAt(scale, font, wide, 0));
   double width = 0;
   double height = 0;
   double descent = 0;
@@ -50,11 +58,11 @@ Texts::Extent Texts::Measure(double scale, const DuiLib::Font& font, std::wstrin
   return {width, height - descent};
 }
 
-const wxGraphicsFont& Texts::FontAt(double scale, const DuiLib::Font& font, std::uint32_t argb) {
-  return fonts.Get({scale, font.size, font.bold, font.underlined, argb}, [&] {
-    const wxFontWeight weight = font.bold ? wxFONTWEIGHT_SEMIBOLD : wxFONTWEIGHT_NORMAL;
+const wxGraphicsFont& Texts::FontAt(double scale, const DuiLib::Font& font, bool wide,
+                                    std::uint32_t argb) {
+  return fonts.Get({scale, font.size, font.bold, font.underlined, wide, argb}, [&] {
     return wxGraphicsRenderer::GetDefaultRenderer()->CreateFont(
-        MakeFont(font.size * scale, weight, font.underlined), GraphicsColour(argb));
+        MakeFont({font.size * scale, font.bold, font.underlined, wide}), GraphicsColour(argb));
   });
 }
 

@@ -27,19 +27,22 @@ class Texts final : public DuiLib::TextMeasure {
     double width = 0;
     double ascent = 0;  // from its top to its baseline
   };
-  /// In dots at that scale.
-  Extent ExtentAt(double scale, const DuiLib::Font& font, std::wstring_view text);
-  const wxGraphicsFont& FontAt(double scale, const DuiLib::Font& font, std::uint32_t argb);
+  /// In dots at that scale. `wide` says that the text, or the one that it is a part of, has wide
+  /// letters.
+  Extent ExtentAt(double scale, const DuiLib::Font& font, bool wide, std::wstring_view text);
+  const wxGraphicsFont& FontAt(double scale, const DuiLib::Font& font, bool wide,
+                               std::uint32_t argb);
+  static bool HasWide(std::wstring_view text);
 
  private:
-  using FontKey = std::tuple<double, int, bool, bool, std::uint32_t>;
+  using FontKey = std::tuple<double, int, bool, bool, bool, std::uint32_t>;
 
-  Extent Measure(double scale, const DuiLib::Font& font, std::wstring_view text);
+  Extent Measure(double scale, const DuiLib::Font& font, bool wide, std::wstring_view text);
 
   wxImage ground;  // of the context that measures
   std::unique_ptr<wxGraphicsContext> context;
   LatestCache<FontKey, wxGraphicsFont> fonts;
-  LatestCache<std::tuple<double, int, bool, std::wstring>, Extent> extents;
+  LatestCache<std::tuple<double, int, bool, bool, std::wstring>, Extent> extents;
 };
 
 }  // namespace duiwindow

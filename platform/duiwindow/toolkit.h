@@ -8,7 +8,13 @@ namespace duiwindow {
 /// Before anything else is asked of wxWidgets.
 void StartToolkit();
 
-/// A font whose letters are so many dots large.
-wxFont MakeFont(double dots, wxFontWeight weight, bool underlined);
+struct FontWish {
+  double dots = 0;  // how large its letters are
+  bool bold = false;
+  bool underlined = false;
+  bool wide = false;  // Chinese letters are among them
+};
+
+wxFont MakeFont(const FontWish& wish);
 
 }  // namespace duiwindow

@@ -17,8 +17,12 @@ void StartToolkit() {
 }
 
 // Without a display any font but one by its point size and face name crashes.
-wxFont MakeFont(double dots, wxFontWeight weight, bool underlined) {
-  return {wxFontInfo(dots * kPointsPerDot).FaceName(kFaces).Weight(weight).Underlined(underlined)};
+wxFont MakeFont(const FontWish& wish) {
+  const wxFontWeight weight = wish.bold ? wxFONTWEIGHT_SEMIBOLD : wxFONTWEIGHT_NORMAL;
+  return {wxFontInfo(wish.dots * kPointsPerDot)
+              .FaceName(kFaces)
+              .Weight(weight)
+              .Underlined(wish.underlined)};
 }
 
 }  // namespace duiwindow
