@@ -136,12 +136,12 @@ void GraphicsSurface::DrawText(std::wstring_view text, const DuiLib::Font& font,
   const int baseline = DownDots(start.y);
   double left = AcrossDots(start.x);
   context.SetFont(paints.texts.FontAt(scale, font, wide, argb));
-  const std::vector<std::wstring_view> words = scale == 1 ? std::vector{text} : WordsOf(text);
+  const std::vector<std::wstring_view> words = WordsOf(text);
   double ownWidth = 0;
   for (const std::wstring_view word : words) {
     ownWidth += paints.texts.ExtentAt(scale, font, wide, word).width;
   }
-  const double rest = paints.texts.ExtentAt(1, font, wide, text).width * scale - ownWidth;
+  const double rest = paints.texts.MeasuredWidth(font, wide, text) * scale - ownWidth;
   const double gap = words.size() == 1 ? 0 : rest / static_cast<double>(words.size() - 1);
   for (const std::wstring_view word : words) {
     // Letters of different faces stand at different heights in their texts.

@@ -24,7 +24,15 @@ Texts::Texts() : ground(1, 1), fonts(kMostFonts), extents(kMostExtents) {
 }
 
 int Texts::Width(const DuiLib::Font& font, std::wstring_view text) {
-  return static_cast<int>(std::ceil(ExtentAt(1, font, HasWide(text), text).width));
+  return static_cast<int>(std::ceil(MeasuredWidth(font, HasWide(text), text)));
+}
+
+// Small letters are fitted to dots, some fonts' wider and some narrower than large ones: where the
+// widest have their room, none crowd.
+double Texts::MeasuredWidth(const DuiLib::Font& font, bool wide, std::wstring_view text) {
+  constexpr int kLargeScale = 2;
+  return std::max(ExtentAt(1, font, wide, text).width,
+                  ExtentAt(kLargeScale, font, wide, text).width / kLargeScale);
 }
 
 int Texts::LineHeight(const DuiLib::Font& font) {

@@ -23,6 +23,9 @@ class Texts final : public DuiLib::TextMeasure {
   int LineHeight(const DuiLib::Font& font) override;
   int Baseline(const DuiLib::Font& font) override;
 
+  /// In points, whatever the scale is.
+  double MeasuredWidth(const DuiLib::Font& font, bool wide, std::wstring_view text);
+
   struct Extent {
     double width = 0;
     double ascent = 0;  // from its top to its baseline
