@@ -49,8 +49,9 @@ bool IsGivenAway(const std::string& driver) {
 HardwareName NameOf(const PciDevice& device) {
   HardwareName name = PciName(device.maker, device.product);
   if (name.product.empty()) {
-    std::array<char, 16> numbers{};
-    std::snprintf(numbers.data(), numbers.size(), "%04x:%04x", device.maker, device.product);
+    std::array<char, 32> numbers{};
+    std::snprintf(numbers.data(), numbers.size(), "PCI device %04x:%04x", device.maker,
+                  device.product);
     name.product = numbers.data();
   }
   return name;

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "platform/machine/live/live_machine.h"
 #include "tests/machine/live/linux/acting_kernel.h"
@@ -119,6 +120,11 @@ TEST(Display, GoesOnWithoutWhatCannotBeRead) {
       {[](const SystemTree& system, const std::string& folder) {
          system.Remove(folder + "/edid");
          system.Write(folder + "/edid/a_folder", "");
+       },
+       L"eDP-1"},
+      {[](const SystemTree& system, const std::string& folder) {
+         system.Remove(folder + "/edid");  // nobody writes into the pipe that takes its place
+         ASSERT_EQ(mkfifo(os::SystemPath(folder + "/edid").c_str(), 0600), 0);
        },
        L"eDP-1"},
       {[](const SystemTree& system, const std::string&) { system.Remove("/sys/class/drm"); }, L""},
