@@ -34,8 +34,10 @@ enmHardwareID ParseCategory(const std::string& text) {
   std::int32_t number = 0;
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end || text.empty())
-    throw UsageError("unknown category \"" + text + "\"; give a number or one of " + AllNames());
+  if (error != std::errc() || stop != end || text.empty() ||
+      !orv::sysdiagnose::IsCategory(static_cast<enmHardwareID>(number)))
+    throw UsageError("unknown category \"" + text + "\"; give a number from 0 to 11 or one of " +
+                     AllNames());
   return static_cast<enmHardwareID>(number);
 }
 

@@ -1,5 +1,9 @@
 #include "cli/commands.h"
+#include "cli/texts.h"
+#include "common/path_text.h"
+#include "common/text.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
+#include "sysdiagnose/catalogue/xml_helper.h"
 
 namespace cli {
 
@@ -10,6 +14,10 @@ std::vector<enmHardwareID> SelectedCategories(const Arguments& arguments) {
   std::vector<enmHardwareID> offered;
   for (const tagDetectItem& item : DetectCatalogue::Instance().items) offered.push_back(item.id);
   return offered;
+}
+
+std::string NothingOffered() {
+  return Line(L"NOTHING_OFFERED", {common::Utf8ToWide(common::PathText(XmlHelper::ListPath()))});
 }
 
 std::wstring CaptionOf(enmHardwareID category) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "cli/arguments.h"
@@ -12,7 +13,8 @@ enum ExitStatus {
   kSomethingAbnormal = 1,
   kWrongUsage = 2,
   kCancelled = 3,
-  kRunFailed = 4
+  kRunFailed = 4,
+  kNotTestedAsAsked = 5  // nothing abnormal, but a category named could not be tested
 };
 
 // Each command prints to standard output and returns the exit status.
@@ -31,6 +33,9 @@ std::filesystem::path BrokerSocket(const Arguments& arguments);
 
 /// The categories named, or all offered ones in catalogue order.
 std::vector<orv::sysdiagnose::enmHardwareID> SelectedCategories(const Arguments& arguments);
+
+/// Why there is nothing to test, when no category is named and none is offered.
+std::string NothingOffered();
 
 /// The caption of a category as people read it; its number when there is none.
 std::wstring CaptionOf(orv::sysdiagnose::enmHardwareID category);

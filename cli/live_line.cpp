@@ -15,7 +15,7 @@ constexpr unsigned kRedrawMs = 200;
 
 }  // namespace
 
-LiveLine::LiveLine() : onTerminal(os::OutputIsTerminal()) {
+LiveLine::LiveLine() : onTerminal(IsStyled()) {
   if (!onTerminal) return;
   redraw.emplace([](LiveLine* line) {
     const std::lock_guard lock(line->mutex);

@@ -14,7 +14,8 @@ void SetUp(const cli::Arguments& arguments) {
   startup::PutInForce(arguments);
   const std::filesystem::path resources = os::InstallationFolder() / "res";
   DuiLib::UICulture::GetInstance()->SetLanguage(
-      arguments.language.empty() ? startup::UserLanguage(resources) : arguments.language,
+      arguments.language.empty() ? startup::UserLanguage(resources)
+                                 : startup::NamedLanguage(arguments.language, resources),
       resources);
   if (arguments.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
 }

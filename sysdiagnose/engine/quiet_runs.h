@@ -22,10 +22,12 @@ class QuietRuns {
 
   QuietRuns();
 
-  /// Tests all offered categories in catalogue order, and ends with one last summary. All callbacks
-  /// may be empty.
+  /// Tests all offered categories in catalogue order, and ends with one last summary. The callbacks
+  /// may be empty; `told` are all set, or left out.
   void BeginDetection(CategoryResultCallback categoryResult, EndedCallback ended,
                       RunTask::FailedCallback failed);
+  void BeginDetection(CategoryCallbacks told, CategoryResultCallback categoryResult,
+                      EndedCallback ended, RunTask::FailedCallback failed);
 
   /// Makes the repairs that the last detection offered for these categories.
   void BeginRepair(std::vector<enmHardwareID> categories, EndedCallback ended,
@@ -47,8 +49,9 @@ class QuietRuns {
     TestObjects objects;
 
     void Post() const;
-    void Detect(const RunStops::Token& stop, const CategoryResultCallback& categoryResult);
-    bool DetectCategory(const tagDetectItem& item);
+    void Detect(const RunStops::Token& stop, const CategoryCallbacks& told,
+                const CategoryResultCallback& categoryResult);
+    bool DetectCategory(const tagDetectItem& item, const CategoryCallbacks& told);
     void Repair(const std::vector<enmHardwareID>& categories);
     void RepairCategory(enmHardwareID category);
     void ShowRepaired(enmHardwareID category);

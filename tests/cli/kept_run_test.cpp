@@ -45,7 +45,7 @@ TEST_F(KeptRunTest, TheProgramAndTheReportSayWhyTheStoreRefusedTheRow) {
   EXPECT_EQ(text.exitStatus, 2);
   EXPECT_THAT(text.output, HasSubstr("The run could not be kept: " + common::PathText(store) +
                                      ": no <more> rows\n"));
-  EXPECT_THAT(text.output, Not(HasSubstr("kept as")));
+  EXPECT_THAT(text.output, Not(HasSubstr("Kept as")));
   EXPECT_THAT(ReadText(page), HasSubstr(": no &lt;more&gt; rows"));
   EXPECT_THAT(ReadText(page), HasSubstr("class=\"notice bad\""));
 
@@ -96,7 +96,7 @@ TEST_F(KeptRunTest, ADamagedStoreIsNamedAndTheRunIsKeptInANewOne) {
   WriteText(store, "no store either, and long enough to tell");
   const Outcome run = Run(kNormal, {"run", "battery"});
   EXPECT_EQ(run.exitStatus, 0);
-  EXPECT_THAT(run.output, HasSubstr("kept as"));
+  EXPECT_THAT(run.output, HasSubstr("Kept as"));
   EXPECT_THAT(run.errors, HasSubstr("store.db.damaged-"));
   const Outcome next = Run(kNormal, {"history"});
   EXPECT_EQ(next.exitStatus, 0);
@@ -114,7 +114,9 @@ TEST_F(KeptRunTest, ACancelledRunThatIsLostStaysACancelledOne) {
   program.Interrupt();
   const Outcome outcome = program.Wait();
   EXPECT_EQ(outcome.exitStatus, 3);
-  EXPECT_THAT(outcome.output, HasSubstr("{\"type\":\"cancelled\"}\n{\"type\":\"record\""));
+  EXPECT_THAT(
+      outcome.output,
+      HasSubstr("{\"type\":\"cancelled\",\"verdict\":\"notTested\"}\n{\"type\":\"record\""));
   EXPECT_THAT(outcome.output, HasSubstr("{\"type\":\"notKept\""));
 }
 

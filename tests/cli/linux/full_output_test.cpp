@@ -24,4 +24,24 @@ TEST(FullOutput, IsAnErrorThatNamesTheReason) {
   }
 }
 
+// As with "| head -1": the run goes on to its end and is kept.
+TEST(FullOutput, AReaderThatGoesAwayLosesNoRun) {
+  const TemporaryFolder folder;
+  WriteText(folder.path / "machine.json", "{}");
+  const std::string program = std::string(APP_DIR "/sysdiagnose --machine ") +
+                              (folder.path / "machine.json").string() + " --data-dir " +
+                              (folder.path / "data").string();
+  const std::string status = (folder.path / "status").string();
+  RunningProgram shell(
+      {"/bin/sh", "-c",
+       "(" + program + " run; echo $? >" + status + ") | true; " + program + " history --json"},
+      folder.path / "errors");
+  std::string history;
+  while (shell.Read(history)) {
+  }
+  EXPECT_EQ(shell.Wait(), 0);
+  EXPECT_NE(history.find("cells"), std::string::npos) << "the run is not kept";
+  EXPECT_EQ(ReadText(status), "2\n");
+}
+
 }  // namespace
