@@ -13,6 +13,15 @@ using Category = enmHardwareID;
 
 constexpr std::int32_t kAnyCode = 0;  // no abnormal item that has a code has this one
 
+// Codes by which the live machine tells why a device fails, where it knows.
+constexpr std::int32_t kNoDevice = 1;
+constexpr std::int32_t kNoDriver = 2;
+constexpr std::int32_t kWirelessOffBySoftware = 4;
+constexpr std::int32_t kWirelessOffByHand = 5;
+constexpr std::int32_t kBluetoothOffBySoftware = 3;
+constexpr std::int32_t kBluetoothOffByHand = 4;
+constexpr std::int32_t kBluetoothOffInService = 5;
+
 struct AdviceRow {
   Category category;
   const wchar_t* caption;  // as test items have it; null: any item; empty: none
@@ -57,25 +66,23 @@ constexpr auto kAdvice = std::to_array<AdviceRow>({
     {Category::Disk, L"DISK_BD", kAnyCode, L"DISK_MECHANICS"},
     {Category::Disk, L"DISK_BF", kAnyCode, L"DISK_MECHANICS"},
     {Category::Disk, nullptr, kAnyCode, L"DISK_AGE"},  // hours, cycles and amounts
-    {Category::GraphicsCard, nullptr, kNoDeviceCode, L"NO_DEVICE"},
-    {Category::GraphicsCard, nullptr, kDisabledDeviceCode, L"DISABLED_DEVICE"},
-    {Category::GraphicsCard, nullptr, kNoDriverCode, L"NO_DRIVER"},
+    {Category::GraphicsCard, nullptr, kNoDevice, L"NO_DEVICE"},
+    {Category::GraphicsCard, nullptr, kNoDriver, L"NO_DRIVER"},
     {Category::Audio, L"AUDIO_LOOPBACK", kAnyCode, L"LOOPBACK"},
-    {Category::Audio, nullptr, kNoDeviceCode, L"NO_DEVICE"},
-    {Category::Audio, nullptr, kDisabledDeviceCode, L"DISABLED_DEVICE"},
-    {Category::Audio, nullptr, kNoDriverCode, L"NO_DRIVER"},
+    {Category::Audio, nullptr, kNoDevice, L"NO_DEVICE"},
+    {Category::Audio, nullptr, kNoDriver, L"NO_DRIVER"},
+    {Category::NetworkCard, nullptr, kWirelessOffBySoftware, L"DISABLED_DEVICE"},
     {Category::NetworkCard, L"WIFI_SWITCH", kAnyCode, L"RADIO_OFF"},
     {Category::NetworkCard, L"NETCARD_SIGNAL", kAnyCode, L"SIGNAL"},
-    {Category::NetworkCard, nullptr, kNoDeviceCode, L"NO_DEVICE"},
-    {Category::NetworkCard, nullptr, kDisabledDeviceCode, L"DISABLED_DEVICE"},
-    {Category::NetworkCard, nullptr, kNoDriverCode, L"NO_DRIVER"},
-    {Category::Bluetooth, L"BLUETOOTH_STATUS", kAnyCode, L"RADIO_OFF"},
-    {Category::Bluetooth, nullptr, kNoDeviceCode, L"NO_DEVICE"},
-    {Category::Bluetooth, nullptr, kDisabledDeviceCode, L"DISABLED_DEVICE"},
-    {Category::Bluetooth, nullptr, kNoDriverCode, L"NO_DRIVER"},
-    {Category::Fingerprint, nullptr, kNoDeviceCode, L"NO_DEVICE"},
-    {Category::Fingerprint, nullptr, kDisabledDeviceCode, L"DISABLED_DEVICE"},
-    {Category::Fingerprint, nullptr, kNoDriverCode, L"NO_DRIVER"},
+    {Category::NetworkCard, nullptr, kNoDevice, L"NO_DEVICE"},
+    {Category::NetworkCard, nullptr, kWirelessOffByHand, L"RADIO_OFF"},
+    {Category::NetworkCard, nullptr, kNoDriver, L"NO_DRIVER"},
+    {Category::Bluetooth, nullptr, kBluetoothOffBySoftware, L"DISABLED_DEVICE"},
+    {Category::Bluetooth, nullptr, kBluetoothOffInService, L"DISABLED_DEVICE"},
+    {Category::Bluetooth, nullptr, kBluetoothOffByHand, L"RADIO_OFF"},
+    {Category::Bluetooth, nullptr, kNoDevice, L"NO_DEVICE"},
+    {Category::Bluetooth, nullptr, kNoDriver, L"NO_DRIVER"},
+    {Category::Fingerprint, nullptr, kNoDevice, L"NO_DEVICE"},
     {Category::Battery, L"", kAnyCode, L"BATTERY_WEAR"},
 });
 // clang-format on

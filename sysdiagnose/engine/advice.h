@@ -7,12 +7,6 @@
 
 namespace orv::sysdiagnose {
 
-/// Codes by which the live machine tells why a device fails its test. Other codes say only that it
-/// does.
-inline constexpr std::int32_t kNoDeviceCode = 1;
-inline constexpr std::int32_t kDisabledDeviceCode = 2;
-inline constexpr std::int32_t kNoDriverCode = 3;
-
 /// What the owner of the machine should do about an abnormal item, in the current language: it
 /// completes the item's hint, and stands alone where the item has none. `caption` is the item's own
 /// text, empty for a category that a test without an item found abnormal. Empty when there is
