@@ -21,6 +21,7 @@ enum ExitStatus {
 int RunList(const Arguments& arguments);
 int RunInfo(const Arguments& arguments);
 int RunDiagnosis(const Arguments& arguments);
+int RunSingleItems(const Arguments& arguments);
 int RunHistory(const Arguments& arguments);
 int RunScan(const Arguments& arguments);
 int RunCheck(const Arguments& arguments);
@@ -31,7 +32,8 @@ int RunLogs(const Arguments& arguments);
 /// The socket named, or this user's own.
 std::filesystem::path BrokerSocket(const Arguments& arguments);
 
-/// The categories named, or all offered ones in catalogue order.
+/// The categories named, those of the last run that are asked for again, or all offered ones in
+/// catalogue order. Throws UsageError when the last run has none of those asked for.
 std::vector<orv::sysdiagnose::enmHardwareID> SelectedCategories(const Arguments& arguments);
 
 /// Why there is nothing to test, when no category is named and none is offered.

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <chrono>
+#include <exception>
 #include <optional>
 
 #include "cli/commands.h"
@@ -6,11 +8,13 @@
 #include "cli/item_teller.h"
 #include "cli/repair_choice.h"
 #include "cli/report_file.h"
+#include "cli/run_log.h"
 #include "cli/run_printer.h"
 #include "common/text.h"
 #include "platform/concurrency/task.h"
 #include "platform/os/replace_file.h"
 #include "platform/util/process_store.h"
+#include "startup/program.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/engine/diagnose_engine.h"
 #include "sysdiagnose/records/history_store.h"
@@ -34,6 +38,8 @@ std::string WhyNotKept(const RunRecord& record) {
 
 // One run of the terminal program: a detection, and repairs when they are asked for.
 class Diagnosis {
+  using Clock = std::chrono::steady_clock;
+
  public:
   Diagnosis(std::vector<enmHardwareID> selected, RunPrinter& shownBy, RunVerdicts& noted)
       : selection(std::move(selected)), printer(shownBy), verdicts(noted) {}
@@ -126,6 +132,8 @@ class Diagnosis {
                                                  kRecordOrder.begin());
       items.EndCategory(category,
                         cell == record.results.size() || record.results[cell] != kAbnormal);
+      verdicts.Took(category, std::chrono::duration_cast<std::chrono::milliseconds>(
+                                  Clock::now() - std::exchange(categoryBegan, Clock::now())));
     }
   }
 
@@ -135,7 +143,24 @@ class Diagnosis {
     if (ended == kRunFailed) return;
     const std::string fault = WhyNotKept(engine.Record());
     if (!fault.empty()) isKept = false;
+    Log();
     printer.Record(engine.Record(), fault);
+  }
+
+  // Without it the run is as good; only what builds on it later does without.
+  void Log() const {
+    const RunRecord& record = engine.Record();
+    LoggedRun run{record.secondTime,
+                  std::vector<int>(record.results.begin(), record.results.end()),
+                  ended == kCancelled ? "cancelled" : "finished",
+                  {}};
+    for (const CategoryVerdict& each : verdicts.All())
+      run.categories.push_back({each.category, each.verdict, each.isReached, each.took});
+    try {
+      LogRun(run);
+    } catch (const std::exception& error) {
+      startup::PrintError("sysdiagnose", error.what());
+    }
   }
 
   const std::vector<enmHardwareID> selection;
@@ -143,15 +168,21 @@ class Diagnosis {
   RunVerdicts& verdicts;
   ItemTeller items{printer, verdicts};
   std::size_t endedCategories = 0;  // of the selection
-  ExitStatus ended = kAllNormal;    // how the last run came to an end
-  bool isKept = true;               // every record, read back
+  Clock::time_point categoryBegan = Clock::now();
+  ExitStatus ended = kAllNormal;  // how the last run came to an end
+  bool isKept = true;             // every record, read back
   DiagnoseEngine engine;
   Interruptible interruptible;  // after the engine that it cancels
 };
 
+bool HasNamedCategories(const Arguments& arguments) {
+  return !arguments.categories.empty() || arguments.failedAgain || arguments.resumed;
+}
+
 }  // namespace
 
 int RunDiagnosis(const Arguments& arguments) {
+  if (!arguments.singleItems.empty()) return RunSingleItems(arguments);
   // Before the run: what it takes minutes to find out must not be lost.
   if (!arguments.reportFile.empty()) os::RequireReplaceable(arguments.reportFile);
   const std::vector<enmHardwareID> selection = SelectedCategories(arguments);
@@ -186,7 +217,7 @@ int RunDiagnosis(const Arguments& arguments) {
   }
   writeReport();
   const ExitStatus status = diagnosis.Status();
-  const bool isLacking = !arguments.categories.empty() && verdicts.CountOf(Verdict::NotTested) != 0;
+  const bool isLacking = HasNamedCategories(arguments) && verdicts.CountOf(Verdict::NotTested) != 0;
   return status == kAllNormal && isLacking ? kNotTestedAsAsked : status;
 }
 

@@ -34,8 +34,8 @@ bool HasNoWidth(char32_t c) {
          category == U_FORMAT_CHAR;
 }
 
-constexpr auto kEscapes =
-    std::to_array<std::string_view>({"\033[31m", "\033[32m", "\033[33m", "\033[90m", "\033[1m"});
+constexpr auto kEscapes = std::to_array<std::string_view>(
+    {"\033[31m", "\033[32m", "\033[33m", "\033[90m", "\033[1m", ""});
 
 // Marks that do not begin a line.
 constexpr std::wstring_view kClosing = L"。，、；：！？）》」』”’…";

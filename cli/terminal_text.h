@@ -34,7 +34,7 @@ std::string Indented(const std::wstring& text, std::size_t indent);
 /// Whether standard output is a terminal that knows escape sequences.
 bool IsStyled();
 
-enum class Colour { Red, Green, Yellow, Grey, Bold };
+enum class Colour { Red, Green, Yellow, Grey, Bold, Plain };
 
 /// The text in a colour when standard output is a terminal that knows colours and the user has not
 /// turned them off (NO_COLOR), else as it is.

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <utility>
@@ -6,6 +7,8 @@
 #include "cli/attention.h"
 #include "cli/commands.h"
 #include "cli/live_line.h"
+#include "cli/progress.h"
+#include "cli/run_log.h"
 #include "cli/run_printer.h"
 #include "cli/run_summary.h"
 #include "cli/terminal_text.h"
@@ -31,6 +34,8 @@ std::vector<std::wstring> Sentences(const ItemWords& words) {
 }
 
 class TextRunPrinter final : public RunPrinter {
+  using Clock = std::chrono::steady_clock;
+
  public:
   TextRunPrinter(std::vector<enmHardwareID> selected, const RunVerdicts& noted)
       : selection(std::move(selected)), verdicts(noted) {}
@@ -38,7 +43,8 @@ class TextRunPrinter final : public RunPrinter {
   void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
     EnterCategory(category);
     live.Show("[" + std::to_string(position + 1) + "/" + std::to_string(selection.size()) + "] " +
-              Printable(CaptionOf(category)) + "  " + Printable(info.caption) + "…");
+                  Printable(CaptionOf(category)) + "  " + Printable(info.caption) + "…",
+              [this] { return ProgressText(); });
   }
 
   void Heading(enmHardwareID, const std::wstring& caption) override {
@@ -136,9 +142,9 @@ class TextRunPrinter final : public RunPrinter {
     if (!std::exchange(summed, true)) PrintRunSummary(verdicts, attention);
     const std::string elapsed = common::SecondsText(std::chrono::steady_clock::now() - begun);
     std::printf("\n%s\n", CountsLine(verdicts).c_str());
-    std::string closing = Line(L"TOOK", {common::Utf8ToWide(elapsed)});
-    if (notKept.empty()) closing += " " + Line(L"KEPT", {common::Utf8ToWide(record.dateTime)});
-    std::puts(closing.c_str());
+    const std::wstring took = Text(L"TOOK", {common::Utf8ToWide(elapsed)});
+    const std::wstring kept = Text(L"KEPT", {common::Utf8ToWide(record.dateTime)});
+    std::puts(Indented(notKept.empty() ? Text(L"SENTENCES", {took, kept}) : took, 0).c_str());
     if (!notKept.empty())
       std::puts(Coloured(Colour::Red, Line(L"NOT_KEPT", {common::Utf8ToWide(notKept)})).c_str());
   }
@@ -151,7 +157,17 @@ class TextRunPrinter final : public RunPrinter {
     position =
         static_cast<std::size_t>(std::find(from, selection.end(), category) - selection.begin());
     entered = true;
+    categoryBegan = Clock::now();
     live.PrintAbove(Coloured(Colour::Bold, Printable(CaptionOf(category))));
+  }
+
+  // Called by the live line while nothing else moves on.
+  std::string ProgressText() const {
+    const auto shown = progress.At(position, std::chrono::duration_cast<std::chrono::milliseconds>(
+                                                 Clock::now() - categoryBegan.load()));
+    if (!shown) return {};
+    return std::to_string(shown->percent) + " %  " +
+           Line(L"TIME_LEFT", {common::Utf8ToWide(common::SecondsText(shown->left))});
   }
 
   void PrintRow(const std::wstring& caption, Verdict verdict) {
@@ -171,7 +187,9 @@ class TextRunPrinter final : public RunPrinter {
   const std::vector<enmHardwareID> selection;
   const RunVerdicts& verdicts;
   const std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
-  std::size_t position = 0;
+  const Progress progress{selection, LastDurations(ReadRunLog())};
+  std::atomic<std::size_t> position = 0;
+  std::atomic<Clock::time_point> categoryBegan = Clock::now();
   bool entered = false;
   bool hasRows = false;  // of the category
   std::wstring heading;

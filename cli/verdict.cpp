@@ -63,6 +63,11 @@ void RunVerdicts::Reach(const CategoryVerdict& reached) {
   known->isReached = true;
 }
 
+void RunVerdicts::Took(enmHardwareID category, std::chrono::milliseconds time) {
+  const auto known = std::ranges::find(categories, category, &CategoryVerdict::category);
+  if (known != categories.end()) known->took = time;
+}
+
 void RunVerdicts::Repair(enmHardwareID category) {
   const auto known = std::ranges::find(categories, category, &CategoryVerdict::category);
   if (known == categories.end() || known->verdict != Verdict::Abnormal) return;

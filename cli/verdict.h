@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -35,6 +36,7 @@ struct CategoryVerdict {
   std::wstring reason;                   // why it is not normal, as far as that is known
   Verdict ifRepaired = Verdict::Normal;  // worst of the rows that a repair leaves as they are
   bool isReached = false;
+  std::chrono::milliseconds took{0};
 };
 
 /// What the categories of a run came to, each once. Belongs to the run's thread, and to the one
@@ -45,6 +47,8 @@ class RunVerdicts {
 
   /// Notes what a category has come to. The worse one counts of a category that ran twice.
   void Reach(const CategoryVerdict& reached);
+
+  void Took(orv::sysdiagnose::enmHardwareID category, std::chrono::milliseconds time);
 
   void Repair(orv::sysdiagnose::enmHardwareID category);
 

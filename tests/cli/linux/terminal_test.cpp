@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cstdlib>
+
 #include "tests/cli/program.h"
 #include "tests/support/temporary_folder.h"
 
@@ -120,6 +123,56 @@ TEST_F(TerminalTest, WideCharactersLeaveTheColumnsStraight) {
   EXPECT_THAT(states, testing::Contains(40).Times(testing::Ge(10))) << check.Written();
 }
 
+TEST_F(TerminalTest, ARunThatWasMadeBeforeTellsHowFarItIs) {
+  const auto words =
+      Words("en-US", R"({"tests":{"CMemFaultDetect::CheckStuckAddr":{"delayMs":900}}})",
+            {"run", "memory"});
+  Terminal first(words);
+  EXPECT_EQ(first.Wait(), 0);
+  EXPECT_THAT(first.Written(), Not(HasSubstr(" %")));
+  Terminal second(words);
+  EXPECT_TRUE(second.ReadUntil(" left")) << second.Written();
+  EXPECT_THAT(second.Shown().Rows().back(), HasSubstr(" %  about 0."));
+  EXPECT_EQ(second.Wait(), 0);
+}
+
+// Each row ends with the program's own line end, none with the terminal's edge.
+TEST_F(TerminalTest, NoRowIsWiderThanTheTerminal) {
+  for (const std::string language : {"en-US", "zh-CN"}) {
+    for (const unsigned short columns : {40, 80}) {
+      SCOPED_TRACE(language + std::to_string(columns));
+      Terminal terminal(Words(language, R"({"info":{"CBattery":{"GetBatteryName":"🔋 Akku 电池 🔋"},
+                                  "CDisk":{"GetCaption":["Disk A"]}},
+                                  "tests":{"CMemFaultDetect::CheckBoard":7,"CBatteryDetect::TestLoss":4,
+                                  "CDiskFaultDetect::CheckHhdSmartResult":{"flags":[1,1,1,1]}}})",
+                              {"run", "memory", "battery", "disk"}),
+                        columns);
+      EXPECT_EQ(terminal.Wait(), 1);
+      const std::string& written = terminal.Written();
+      EXPECT_EQ(terminal.Shown().Rows().size(),
+                static_cast<std::size_t>(std::count(written.begin(), written.end(), '\n')) + 1)
+          << "and the one behind the last end: " << written;
+    }
+  }
+}
+
+TEST_F(TerminalTest, IsPlainWhereTheUserOrTheTerminalWantsIt) {
+  const auto words =
+      Words("en-US", R"({"tests":{"CMemFaultDetect::CheckBoard":7}})", {"run", "memory"});
+  setenv("NO_COLOR", "1", 1);
+  Terminal colourless(words);
+  EXPECT_EQ(colourless.Wait(), 1);
+  unsetenv("NO_COLOR");
+  EXPECT_THAT(colourless.Written(), Not(HasSubstr("\033[3")));
+  const char* const before = std::getenv("TERM");
+  const std::string terminalBefore = before == nullptr ? "" : before;
+  setenv("TERM", "dumb", 1);
+  Terminal dumb(words);
+  EXPECT_EQ(dumb.Wait(), 1);
+  setenv("TERM", terminalBefore.c_str(), 1);
+  EXPECT_THAT(dumb.Written(), Not(HasSubstr("\033")));
+}
+
 // The terminal sends the interrupt.
 TEST_F(TerminalTest, CtrlCEndsARunAfterItsCategory) {
   Terminal terminal(Words("en-US",
@@ -127,6 +180,8 @@ TEST_F(TerminalTest, CtrlCEndsARunAfterItsCategory) {
                           {"run", "memory", "display"}));
   ASSERT_TRUE(terminal.ReadUntil("  0.2 s"));
   terminal.Type("\x03");
+  ASSERT_TRUE(terminal.ReadUntil("Stopping after this test")) << terminal.Written();
+  EXPECT_THAT(terminal.Written(), Not(HasSubstr("Rising values"))) << "answered too late";
   EXPECT_EQ(terminal.Wait(), 3);
   EXPECT_THAT(terminal.Shown().Rows(), Contains(StartsWith("The run was cancelled")));
   EXPECT_THAT(terminal.Written(), Not(HasSubstr("[2/2]")));
