@@ -21,10 +21,10 @@ struct BadgeRow {
   const wchar_t* label;
 };
 
-constexpr BadgeRow kNotSelectedBadge{"untested", L"NOT_TESTED"};
+constexpr BadgeRow kNotSelectedBadge{"left", L"NOT_TESTED"};
 
 // By Verdict.
-constexpr auto kVerdictBadges = std::to_array<BadgeRow>({{"untested", L"NOT_THERE"},
+constexpr auto kVerdictBadges = std::to_array<BadgeRow>({{"left", L"NOT_THERE"},
                                                          {"normal", L"NORMAL"},
                                                          {"untested", L"NO_RESULT"},
                                                          {"abnormal", L"ABNORMAL"}});
@@ -169,7 +169,9 @@ class HtmlReportWriter {
     } else if (report.history.empty()) {
       page.Html("<p class=\"note\">").Label(L"NO_HISTORY").Html("</p>\n");
     } else {
+      page.Html("<div class=\"past\">");
       DrawHistory(report, page);
+      page.Html("</div>\n");
       page.Html("<p class=\"note\"><span class=\"key normal\"></span>").Label(L"NORMAL");
       page.Html("<span class=\"key abnormal\"></span>").Label(L"ABNORMAL").Html("</p>\n");
     }
@@ -197,9 +199,15 @@ class HtmlReportWriter {
   void Repair(const ReportRepair& repair) {
     page.Html("<p>").Label(repair.succeeded ? L"REPAIR_SUCCEEDED" : L"REPAIR_FAILED").Html(" ");
     page.Text(repair.command);
-    if (!repair.text.empty()) page.Html(": ").Text(repair.text);
-    if (repair.restart) page.Html(" – ").Label(L"RESTART_NEEDED");
+    if (!repair.text.empty()) page.Text(Text(L"COLON")).Text(repair.text);
+    if (repair.restart) page.Text(Text(L"COMMA")).Label(L"RESTART_NEEDED");
     page.Html("</p>\n");
+  }
+
+  // A reader that hears the page learns what the table is about.
+  void Table(std::string_view attributes, const ReportCategory& category, const wchar_t* kind) {
+    page.Html("<table").Html(attributes).Html(" aria-label=\"").Text(category.caption);
+    page.Text(Text(L"COLON")).Label(kind).Html("\">\n");
   }
 
   // One table body a device.
@@ -211,7 +219,7 @@ class HtmlReportWriter {
       page.Html("<p class=\"note\">").Label(L"NOTHING_FOUND").Html("</p>\n");
       return;
     }
-    page.Html("<table>\n");
+    Table("", category, L"INFORMATION");
     bool open = false;
     for (const HardwareInfoRow& row : category.information) {
       if (isRow(row) != open) page.Html(open ? "</tbody>\n" : "<tbody>\n");
@@ -225,7 +233,9 @@ class HtmlReportWriter {
 
   void Items(const ReportCategory& category) {
     if (category.items.empty()) return;
-    page.Html("<h3>").Label(L"TESTS").Html("</h3>\n<table class=\"tests\">\n<thead><tr>");
+    page.Html("<h3>").Label(L"TESTS").Html("</h3>\n");
+    Table(" class=\"tests\"", category, L"TESTS");
+    page.Html("<thead><tr>");
     for (const wchar_t* column : {L"TEST", L"RESULT", L"HINT"})
       page.Html("<th scope=\"col\">").Label(column).Html("</th>");
     page.Html("<th scope=\"col\" class=\"code\">").Label(L"CODE").Html("</th></tr></thead>\n");
@@ -236,18 +246,18 @@ class HtmlReportWriter {
 
   void Item(enmHardwareID category, const ReportItem& item) {
     if (item.state == ItemState::Heading) {
-      page.Html("<tr class=\"heading\"><td colspan=\"4\">").Text(item.caption);
+      page.Html("<tr class=\"heading\"><th scope=\"rowgroup\" colspan=\"4\">").Text(item.caption);
       Words(item.words);
-      page.Html("</td></tr>\n");
+      page.Html("</th></tr>\n");
       return;
     }
-    page.Html("<tr><td>").Text(item.caption).Html("</td><td>");
+    page.Html("<tr><th scope=\"row\">").Text(item.caption).Html("</th><td>");
     Badge(BadgeOf(VerdictOf(item)));
     page.Html("</td><td>");
     if (item.state == ItemState::Abnormal)
       page.Text(WhatToDo(HintForOwner(category, item.hint), item.advice));
     Words(item.words);
-    page.Html("</td><td class=\"code\">");
+    page.Html("</td><td class=\"code\" data-name=\"").Label(L"CODE").Html("\">");
     if (item.state != ItemState::NotTested) page.Number(item.code);
     page.Html("</td></tr>\n");
   }
@@ -255,7 +265,7 @@ class HtmlReportWriter {
   void Words(const ItemWords& words) {
     if (!words.detail.empty()) page.Html("<p class=\"note\">").Text(words.detail).Html("</p>");
     if (words.notTested.empty()) return;
-    page.Html("<p class=\"note\">").Label(L"NO_RESULT").Html(": ").Text(words.notTested);
+    page.Html("<p class=\"note\">").Label(L"NO_RESULT").Text(Text(L"COLON")).Text(words.notTested);
     page.Html("</p>");
   }
 
