@@ -1,15 +1,46 @@
 #include "cli/commands.h"
+#include "cli/run_log.h"
+#include "cli/texts.h"
+#include "common/path_text.h"
+#include "common/text.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
+#include "sysdiagnose/catalogue/xml_helper.h"
 
 namespace cli {
 
 using namespace orv::sysdiagnose;
 
+namespace {
+
+// Those of the last run for which a condition holds. Throws UsageError when there are none.
+template <typename Condition>
+std::vector<enmHardwareID> OfLastRun(Condition holds, const char* none) {
+  const std::vector<LoggedRun> runs = ReadRunLog();
+  if (runs.empty()) throw UsageError("no earlier run is known");
+  std::vector<enmHardwareID> categories;
+  for (const LoggedCategory& each : runs.back().categories)
+    if (holds(each)) categories.push_back(each.category);
+  if (categories.empty()) throw UsageError(none);
+  return categories;
+}
+
+}  // namespace
+
 std::vector<enmHardwareID> SelectedCategories(const Arguments& arguments) {
   if (!arguments.categories.empty()) return arguments.categories;
+  if (arguments.failedAgain)
+    return OfLastRun([](const LoggedCategory& each) { return each.verdict == Verdict::Abnormal; },
+                     "the last run found nothing abnormal");
+  if (arguments.resumed)
+    return OfLastRun([](const LoggedCategory& each) { return !each.isReached; },
+                     "the last run reached all its categories");
   std::vector<enmHardwareID> offered;
   for (const tagDetectItem& item : DetectCatalogue::Instance().items) offered.push_back(item.id);
   return offered;
+}
+
+std::string NothingOffered() {
+  return Line(L"NOTHING_OFFERED", {common::Utf8ToWide(common::PathText(XmlHelper::ListPath()))});
 }
 
 std::wstring CaptionOf(enmHardwareID category) {

@@ -1,21 +1,19 @@
+#include <algorithm>
 #include <atomic>
-#include <cstdio>
-#include <iterator>
-#include <mutex>
 #include <optional>
 
+#include "cli/check_printer.h"
 #include "cli/commands.h"
 #include "cli/interruptible.h"
+#include "cli/item_teller.h"
 #include "cli/json_line.h"
 #include "cli/left_out.h"
 #include "cli/repair_choice.h"
-#include "cli/terminal_text.h"
 #include "common/protocol/ipc_serialize.h"
 #include "common/protocol/message_ids.h"
 #include "common/text.h"
 #include "platform/concurrency/task.h"
 #include "platform/message/ipc_message_client.h"
-#include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/engine/quiet_runs.h"
 #include "sysdiagnose/records/diagnose_summary.h"
 
@@ -51,88 +49,129 @@ void PrintJson(std::uint32_t messageId, const DiagnoseSummary& summary) {
   line.EndArray().Add("interval", std::int64_t{summary.interval});
 }
 
-// Any program may post a summary, with any number for a state.
-std::string StateText(DisplayState state) {
-  constexpr const char* kStates[] = {"waiting", "testing...", "normal", "ABNORMAL"};
-  const auto number = static_cast<std::uint32_t>(state);
-  return number < std::size(kStates) ? kStates[number] : "state " + std::to_string(number);
-}
-
-void PrintText(const DiagnoseSummary& summary) {
-  std::printf("%s\n", Coloured(Colour::Bold, Printable(summary.resultText)).c_str());
-  for (const DetectListEntry& entry : summary.items)
-    std::printf("  %s  %s\n", Padded(entry.caption, 16).c_str(), StateText(entry.state).c_str());
-}
-
 // Stands where the host's main page would: prints the summaries that are posted to its group.
 class SummaryReader {
  public:
-  explicit SummaryReader(bool printsJson) : json(printsJson), client(kTerminalModule, false) {
+  SummaryReader() {
     client.SubscribeIPCMessage(protocol::kHostGroup, 0);
-    client.RegisterMessageCallback(protocol::kQuietSummary,
-                                   [this](const tagIPC_MESSAGE_ITEM& item) {
-                                     protocol::CIPCDataIO body(item.data, item.dataLength);
-                                     DiagnoseSummary summary;
-                                     protocol::ReadVersioned(body, summary);
-                                     if (json)
-                                       PrintJson(item.messageId, summary);
-                                     else
-                                       PrintText(summary);
-                                     const std::lock_guard lock(mutex);
-                                     abnormal = summary.abnormalCount > 0;
-                                   });
-  }
-
-  /// Whether the last summary had an abnormal category.
-  bool FoundAbnormal() {
-    message::WaitUntilDelivered();
-    const std::lock_guard lock(mutex);
-    return abnormal;
+    client.RegisterMessageCallback(protocol::kQuietSummary, [](const tagIPC_MESSAGE_ITEM& item) {
+      protocol::CIPCDataIO body(item.data, item.dataLength);
+      DiagnoseSummary summary;
+      protocol::ReadVersioned(body, summary);
+      PrintJson(item.messageId, summary);
+    });
   }
 
  private:
-  const bool json;
-  std::mutex mutex;
-  bool abnormal = false;
-  CIPCMessageClient client;  // last: its handler uses the members above
+  CIPCMessageClient client{kTerminalModule, false};
+};
+
+// One quiet check, and quiet repairs when they are asked for.
+class Check {
+ public:
+  Check(std::vector<enmHardwareID> offered, RunPrinter& shownBy, RunVerdicts& noted)
+      : selection(std::move(offered)), printer(shownBy), verdicts(noted) {}
+
+  void Detect() {
+    runs.TestOnly(selection);
+    runs.BeginDetection(
+        {[this](enmHardwareID category, tagHardwareDetectInfo& info) {
+           items.ItemStart(category, info);
+         },
+         [this](enmHardwareID category, tagDetectItemDetail& detail) {
+           items.ItemResult(category, detail);
+         },
+         [this](enmHardwareID category, const std::wstring& text) {
+           printer.CategoryUnknown(category, text);
+         },
+         [this](int, enmHardwareID category, tagRepairItemInfo& offer) {
+           printer.RepairOffer(category, offer);
+         }},
+        [this](enmHardwareID category, bool normal) { items.EndCategory(category, normal); }, {},
+        [this](const std::string& error) { Fail(error); });
+    interruptible.Cancels([this] {
+      isStopped = true;
+      runs.RequestStop();
+    });
+    runs.Wait();
+  }
+
+  void Repair(const Arguments& arguments) {
+    if (hasFailed || isStopped) return;
+    const std::optional<RepairMap> chosen = ChooseRepairs(arguments, runs.OfferedRepairs());
+    if (!chosen) isStopped = true;
+    std::vector<enmHardwareID> categories;
+    for (const auto& [category, entries] : chosen.value_or(RepairMap()))
+      categories.push_back(category);
+    if (categories.empty()) return;
+    runs.BeginRepair(categories, {}, [this](const std::string& error) { Fail(error); });
+    runs.Wait();
+    for (const enmHardwareID category : categories)
+      if (!runs.OfferedRepairs().contains(category)) verdicts.Repair(category);
+  }
+
+  /// Says how the check ended; returns its exit status.
+  ExitStatus End() {
+    message::WaitUntilDelivered();
+    if (hasFailed) {
+      printer.Failed(fault);
+      return kRunFailed;
+    }
+    if (isStopped) {
+      printer.Cancelled();
+      return kCancelled;
+    }
+    int first = -1;
+    for (std::size_t i = selection.size(); i-- > 0;)
+      if (VerdictOf(selection[i]) == Verdict::Abnormal) first = static_cast<int>(i);
+    const auto abnormal = static_cast<int>(verdicts.CountOf(Verdict::Abnormal));
+    printer.Finished(abnormal, first);
+    return abnormal == 0 ? kAllNormal : kSomethingAbnormal;
+  }
+
+ private:
+  void Fail(const std::string& error) {
+    hasFailed = true;
+    fault = error;
+    if (const auto open = std::ranges::find(
+            selection, false,
+            [this](enmHardwareID category) { return verdicts.Find(category)->isReached; });
+        open != selection.end())
+      items.EndCategory(*open, true, common::Utf8ToWide(error));
+  }
+
+  Verdict VerdictOf(enmHardwareID category) const { return verdicts.Find(category)->verdict; }
+
+  const std::vector<enmHardwareID> selection;
+  RunPrinter& printer;
+  RunVerdicts& verdicts;
+  ItemTeller items{printer, verdicts};
+  std::atomic<bool> isStopped = false;
+  bool hasFailed = false;
+  std::string fault;
+  QuietRuns runs;
+  Interruptible interruptible;  // after the runs that it cancels
 };
 
 }  // namespace
 
 int RunCheck(const Arguments& arguments) {
-  DetectCatalogue::Instance();
+  const std::vector<enmHardwareID> offered = CategoriesToTest(arguments);
   concurrency::wait_until_idle();  // the summaries then carry the device texts
 
-  SummaryReader reader(arguments.json);
-  std::atomic<int> status = kAllNormal;
-  std::atomic<bool> stopped = false;
-  const auto failed = [&](const std::string& error) {
-    status = kRunFailed;
-    std::fprintf(stderr, "sysdiagnose: the check failed: %s\n",
-                 Printable(common::Utf8ToWide(error)).c_str());
-  };
-  QuietRuns runs;
-  runs.TestOnly(CategoriesToTest(arguments));
-  Interruptible interruptible;
-  runs.BeginDetection({}, {}, failed);
-  interruptible.Cancels([&] {
-    stopped = true;
-    runs.RequestStop();
-  });
-  runs.Wait();
-  if (arguments.repair && status == kAllNormal && !stopped) {
-    const std::optional<RepairMap> chosen = ChooseRepairs(arguments, runs.OfferedRepairs());
-    std::vector<enmHardwareID> categories;
-    for (const auto& [category, entries] : chosen.value_or(RepairMap()))
-      categories.push_back(category);
-    if (!categories.empty()) runs.BeginRepair(std::move(categories), {}, failed);
-    runs.Wait();
-    if (!chosen) stopped = true;
+  RunVerdicts verdicts(offered);
+  const std::unique_ptr<RunPrinter> printer = MakeCheckPrinter(arguments.json, verdicts);
+  if (offered.empty()) {
+    printer->Failed(NothingOffered());
+    return kRunFailed;
   }
-  const bool abnormal = reader.FoundAbnormal();
-  if (status != kAllNormal) return status;
-  if (stopped) return kCancelled;
-  return abnormal ? kSomethingAbnormal : kAllNormal;
+
+  std::optional<SummaryReader> reader;
+  if (arguments.json) reader.emplace();
+  Check check(offered, *printer, verdicts);
+  check.Detect();
+  if (arguments.repair) check.Repair(arguments);
+  return check.End();
 }
 
 }  // namespace cli

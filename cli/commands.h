@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "cli/arguments.h"
@@ -12,13 +13,15 @@ enum ExitStatus {
   kSomethingAbnormal = 1,
   kWrongUsage = 2,
   kCancelled = 3,
-  kRunFailed = 4
+  kRunFailed = 4,
+  kNotTestedAsAsked = 5  // nothing abnormal, but a category named could not be tested
 };
 
 // Each command prints to standard output and returns the exit status.
 int RunList(const Arguments& arguments);
 int RunInfo(const Arguments& arguments);
 int RunDiagnosis(const Arguments& arguments);
+int RunSingleItems(const Arguments& arguments);
 int RunHistory(const Arguments& arguments);
 int RunScan(const Arguments& arguments);
 int RunCheck(const Arguments& arguments);
@@ -29,8 +32,12 @@ int RunLogs(const Arguments& arguments);
 /// The socket named, or this user's own.
 std::filesystem::path BrokerSocket(const Arguments& arguments);
 
-/// The categories named, or all offered ones in catalogue order.
+/// The categories named, those of the last run that are asked for again, or all offered ones in
+/// catalogue order. Throws UsageError when the last run has none of those asked for.
 std::vector<orv::sysdiagnose::enmHardwareID> SelectedCategories(const Arguments& arguments);
+
+/// Why there is nothing to test, when no category is named and none is offered.
+std::string NothingOffered();
 
 /// The caption of a category as people read it; its number when there is none.
 std::wstring CaptionOf(orv::sysdiagnose::enmHardwareID category);

@@ -5,6 +5,8 @@
 #include <chrono>
 #include <cstdio>
 
+#include "cli/texts.h"
+
 namespace cli {
 namespace {
 
@@ -104,11 +106,11 @@ class Chart {
     const int middle = kBottom - HeightOf(normal);
     page.Html("<g><title>")
         .Text(DateText(report.written, day.daysBack))
-        .Html(": ")
+        .Text(Text(L"COLON"))
         .Label(L"NORMAL")
         .Html(" ")
         .Number(normal)
-        .Html(", ")
+        .Text(Text(L"COMMA"))
         .Label(L"ABNORMAL")
         .Html(" ")
         .Number(abnormal)

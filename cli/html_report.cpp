@@ -6,7 +6,9 @@
 #include "cli/html_writer.h"
 #include "cli/report_file.h"
 #include "cli/report_style.h"
-#include "platform/duilib/culture/culture.h"
+#include "cli/texts.h"
+#include "cli/verdict_line.h"
+#include "sysdiagnose/engine/advice.h"
 
 namespace cli {
 
@@ -19,19 +21,22 @@ struct BadgeRow {
   const wchar_t* label;
 };
 
-constexpr BadgeRow kNotTestedBadge{"untested", L"NOT_TESTED"};
-constexpr BadgeRow kNormalBadge{"normal", L"NORMAL"};
-constexpr BadgeRow kAbnormalBadge{"abnormal", L"ABNORMAL"};
-constexpr BadgeRow kNoResultBadge{"untested", L"NO_RESULT"};
+constexpr BadgeRow kNotSelectedBadge{"left", L"NOT_TESTED"};
 
-// By CategoryVerdict.
-constexpr auto kVerdictBadges =
-    std::to_array<BadgeRow>({kNotTestedBadge, kNormalBadge, kAbnormalBadge});
+// By Verdict.
+constexpr auto kVerdictBadges = std::to_array<BadgeRow>({{"left", L"NOT_THERE"},
+                                                         {"normal", L"NORMAL"},
+                                                         {"untested", L"NO_RESULT"},
+                                                         {"abnormal", L"ABNORMAL"}});
+static_assert(kVerdictBadges.size() == static_cast<std::size_t>(Verdict::Count));
 
-const BadgeRow& BadgeOf(ItemState state) {
-  if (state == ItemState::Normal) return kNormalBadge;
-  return state == ItemState::Abnormal ? kAbnormalBadge : kNoResultBadge;
+const BadgeRow& BadgeOf(Verdict verdict) {
+  return kVerdictBadges.at(static_cast<std::size_t>(verdict));
 }
+
+// As they stand below the title.
+constexpr auto kCounted = std::to_array<Verdict>(
+    {Verdict::Normal, Verdict::Abnormal, Verdict::NotTested, Verdict::NotThere});
 
 // Headline by RunEnd; a run that finished says more by itself.
 constexpr auto kUnfinished = std::to_array<const wchar_t*>({nullptr, L"CANCELLED", L"FAILED"});
@@ -79,49 +84,64 @@ class HtmlReportWriter {
     page.Html("<header>\n<p class=\"kind\">").Label(L"TITLE").Html("</p>\n<h1>");
     Product();
     page.Html("</h1>\n<p class=\"facts\">").Text(TimeText(report.written));
-    if (report.record) {
-      page.Html(" · ").Label(L"NORMAL").Html(" ").Number(report.record->passCount);
-      page.Html(" · ").Label(L"ABNORMAL").Html(" ").Number(report.record->failCount);
+    for (const Verdict verdict : kCounted) {
+      const std::size_t count = report.verdicts.CountOf(verdict);
+      if (count == 0 && verdict != Verdict::Normal && verdict != Verdict::Abnormal) continue;
+      page.Html(" · ").Text(WordsOf(verdict)).Html(" ").Number(static_cast<std::int64_t>(count));
     }
     page.Html("</p>\n</header>\n");
   }
 
-  bool NeedsAttention(const ReportCategory& category) const {
-    return VerdictOf(report, category) == CategoryVerdict::Abnormal ||
-           (!category.unknown.empty() && !category.repaired);
-  }
-
   // What the run came to, in one box: how it ended and what is wrong.
   void Notice() {
-    const bool bad = std::ranges::any_of(report.categories,
-                                         [this](const auto& each) { return NeedsAttention(each); });
+    const std::vector<Attention> attention = report.attention.Of(report.verdicts);
+    const bool bad = !attention.empty();
+    const bool lacking = report.verdicts.CountOf(Verdict::NotTested) != 0;
     const wchar_t* const unfinished = kUnfinished[static_cast<std::size_t>(report.end)];
     page.Html(bad || unfinished || !report.notKept.empty() ? "<div class=\"notice bad\">\n"
+              : lacking                                    ? "<div class=\"notice lacking\">\n"
                                                            : "<div class=\"notice\">\n");
-    if (unfinished != nullptr) page.Html("<p>").Label(unfinished).Html("</p>\n");
+    if (unfinished != nullptr)
+      page.Html("<p>").Label(unfinished).Html(" ").Text(TestedLine(report.verdicts)).Html("</p>\n");
     if (!report.error.empty()) page.Html("<p>").Text(report.error).Html("</p>\n");
     if (!report.notKept.empty())
       page.Html("<p>").Label(L"NOT_KEPT").Html(" ").Text(report.notKept).Html("</p>\n");
     if (bad) {
-      page.Html("<p><strong>").Label(L"ATTENTION").Html("</strong></p>\n<ul>\n");
-      for (const ReportCategory& category : report.categories)
-        if (NeedsAttention(category)) Trouble(category);
+      page.Html("<h2>").Label(L"ATTENTION").Html("</h2>\n<ul>\n");
+      for (const Attention& each : attention)
+        for (const AttentionLine& line : each.lines) Trouble(each, line);
       page.Html("</ul>\n");
     } else if (unfinished == nullptr) {
-      page.Html("<p><strong>").Label(L"ALL_NORMAL").Html("</strong></p>\n");
+      page.Html("<p><strong>").Text(Text(lacking ? L"SOME_UNTESTED" : L"ALL_NORMAL"));
+      page.Html("</strong></p>\n");
     }
+    if (lacking) Untested();
     page.Html("</div>\n");
   }
 
-  void Trouble(const ReportCategory& category) {
-    page.Html("<li>").Text(category.caption);
-    std::string_view separator = ": ";
-    for (const ReportItem& item : category.items) {
-      if (item.state != ItemState::Abnormal) continue;
-      page.Html(separator).Text(item.caption);
-      separator = ", ";
-    }
+  void Trouble(const Attention& attention, const AttentionLine& line) {
+    page.Html("<li><strong>").Text(CaptionOf(attention.category)).Html("</strong>");
+    const std::wstring heading = line.Heading();
+    if (!heading.empty()) page.Text(Text(L"COMMA")).Text(heading);
+    const std::wstring toDo =
+        WhatToDo(line.WhatToDo(), attention.repairOffered ? Text(L"REPAIR_OFFERED") : L"");
+    if (!toDo.empty()) page.Text(Text(L"COLON")).Text(toDo);
+    for (const std::wstring& detail : line.details)
+      page.Html("<p class=\"note\">").Text(detail).Html("</p>");
     page.Html("</li>\n");
+  }
+
+  // What was reached, but could not be tested.
+  void Untested() {
+    page.Html("<ul>\n");
+    for (const CategoryVerdict& each : report.verdicts.All()) {
+      if (each.verdict != Verdict::NotTested || !each.isReached) continue;
+      page.Html("<li>").Text(CaptionOf(each.category)).Text(Text(L"COLON"));
+      page.Text(WordsOf(each.verdict));
+      if (!each.reason.empty()) page.Text(Text(L"COMMA")).Text(each.reason);
+      page.Html("</li>\n");
+    }
+    page.Html("</ul>\n");
   }
 
   void Badge(const BadgeRow& badge) {
@@ -129,14 +149,14 @@ class HtmlReportWriter {
     page.Html("</span>");
   }
 
-  // The record: all twelve categories, also those that the run left out.
+  // All twelve categories, also those that the run left out or did not reach.
   void Results() {
-    if (!report.record) return;
     page.Html("<section>\n<h2>").Label(L"RESULTS").Html("</h2>\n<ul class=\"results\">\n");
-    for (std::size_t i = 0; i < kRecordOrder.size(); ++i) {
-      const auto badge = static_cast<std::size_t>(report.record->results[i] - kNotTested);
-      page.Html("<li>").Text(CaptionOf(kRecordOrder[i])).Html(" ");
-      Badge(kVerdictBadges.at(badge));
+    for (const enmHardwareID category : kRecordOrder) {
+      const CategoryVerdict* verdict = report.verdicts.Find(category);
+      page.Html("<li>").Text(CaptionOf(category)).Html(" ");
+      Badge(verdict == nullptr || !verdict->isReached ? kNotSelectedBadge
+                                                      : BadgeOf(verdict->verdict));
       page.Html("</li>\n");
     }
     page.Html("</ul>\n</section>\n");
@@ -149,7 +169,9 @@ class HtmlReportWriter {
     } else if (report.history.empty()) {
       page.Html("<p class=\"note\">").Label(L"NO_HISTORY").Html("</p>\n");
     } else {
+      page.Html("<div class=\"past\">");
       DrawHistory(report, page);
+      page.Html("</div>\n");
       page.Html("<p class=\"note\"><span class=\"key normal\"></span>").Label(L"NORMAL");
       page.Html("<span class=\"key abnormal\"></span>").Label(L"ABNORMAL").Html("</p>\n");
     }
@@ -162,24 +184,30 @@ class HtmlReportWriter {
 
   void Category(const ReportCategory& category) {
     page.Html("<section class=\"category\">\n<h2>").Text(category.caption);
-    Badge(kVerdictBadges[static_cast<std::size_t>(VerdictOf(report, category))]);
+    Badge(BadgeOf(VerdictOf(report, category.id)));
     page.Html("</h2>\n");
     for (const std::wstring& text : category.unknown) page.Html("<p>").Text(text).Html("</p>\n");
     if (!category.repairOffer.empty() && category.repairs.empty())
-      page.Html("<p>").Label(L"REPAIR_OFFERED").Html("</p>\n");
+      page.Html("<p>").Text(Text(L"REPAIR_OFFERED")).Html("</p>\n");
     for (const ReportRepair& repair : category.repairs) Repair(repair);
     Information(category);
     Words(category.words);
-    Items(category.items);
+    Items(category);
     page.Html("</section>\n");
   }
 
   void Repair(const ReportRepair& repair) {
     page.Html("<p>").Label(repair.succeeded ? L"REPAIR_SUCCEEDED" : L"REPAIR_FAILED").Html(" ");
     page.Text(repair.command);
-    if (!repair.text.empty()) page.Html(": ").Text(repair.text);
-    if (repair.restart) page.Html(" – ").Label(L"RESTART_NEEDED");
+    if (!repair.text.empty()) page.Text(Text(L"COLON")).Text(repair.text);
+    if (repair.restart) page.Text(Text(L"COMMA")).Label(L"RESTART_NEEDED");
     page.Html("</p>\n");
+  }
+
+  // A reader that hears the page learns what the table is about.
+  void Table(std::string_view attributes, const ReportCategory& category, const wchar_t* kind) {
+    page.Html("<table").Html(attributes).Html(" aria-label=\"").Text(category.caption);
+    page.Text(Text(L"COLON")).Label(kind).Html("\">\n");
   }
 
   // One table body a device.
@@ -191,7 +219,7 @@ class HtmlReportWriter {
       page.Html("<p class=\"note\">").Label(L"NOTHING_FOUND").Html("</p>\n");
       return;
     }
-    page.Html("<table>\n");
+    Table("", category, L"INFORMATION");
     bool open = false;
     for (const HardwareInfoRow& row : category.information) {
       if (isRow(row) != open) page.Html(open ? "</tbody>\n" : "<tbody>\n");
@@ -203,30 +231,33 @@ class HtmlReportWriter {
     page.Html(open ? "</tbody>\n</table>\n" : "</table>\n");
   }
 
-  void Items(const std::vector<ReportItem>& items) {
-    if (items.empty()) return;
-    page.Html("<h3>").Label(L"TESTS").Html("</h3>\n<table class=\"tests\">\n<thead><tr>");
+  void Items(const ReportCategory& category) {
+    if (category.items.empty()) return;
+    page.Html("<h3>").Label(L"TESTS").Html("</h3>\n");
+    Table(" class=\"tests\"", category, L"TESTS");
+    page.Html("<thead><tr>");
     for (const wchar_t* column : {L"TEST", L"RESULT", L"HINT"})
       page.Html("<th scope=\"col\">").Label(column).Html("</th>");
     page.Html("<th scope=\"col\" class=\"code\">").Label(L"CODE").Html("</th></tr></thead>\n");
     page.Html("<tbody>\n");
-    for (const ReportItem& item : items) Item(item);
+    for (const ReportItem& item : category.items) Item(category.id, item);
     page.Html("</tbody>\n</table>\n");
   }
 
-  void Item(const ReportItem& item) {
+  void Item(enmHardwareID category, const ReportItem& item) {
     if (item.state == ItemState::Heading) {
-      page.Html("<tr class=\"heading\"><td colspan=\"4\">").Text(item.caption);
+      page.Html("<tr class=\"heading\"><th scope=\"rowgroup\" colspan=\"4\">").Text(item.caption);
       Words(item.words);
-      page.Html("</td></tr>\n");
+      page.Html("</th></tr>\n");
       return;
     }
-    page.Html("<tr><td>").Text(item.caption).Html("</td><td>");
-    Badge(BadgeOf(item.state));
+    page.Html("<tr><th scope=\"row\">").Text(item.caption).Html("</th><td>");
+    Badge(BadgeOf(VerdictOf(item)));
     page.Html("</td><td>");
-    if (item.state == ItemState::Abnormal) page.Text(item.hint);
+    if (item.state == ItemState::Abnormal)
+      page.Text(WhatToDo(HintForOwner(category, item.hint), item.advice));
     Words(item.words);
-    page.Html("</td><td class=\"code\">");
+    page.Html("</td><td class=\"code\" data-name=\"").Label(L"CODE").Html("\">");
     if (item.state != ItemState::NotTested) page.Number(item.code);
     page.Html("</td></tr>\n");
   }
@@ -234,7 +265,7 @@ class HtmlReportWriter {
   void Words(const ItemWords& words) {
     if (!words.detail.empty()) page.Html("<p class=\"note\">").Text(words.detail).Html("</p>");
     if (words.notTested.empty()) return;
-    page.Html("<p class=\"note\">").Label(L"NO_RESULT").Html(": ").Text(words.notTested);
+    page.Html("<p class=\"note\">").Label(L"NO_RESULT").Text(Text(L"COLON")).Text(words.notTested);
     page.Html("</p>");
   }
 

@@ -1,9 +1,12 @@
 #include <algorithm>
 #include <cstdio>
+#include <exception>
 
 #include "cli/commands.h"
 #include "cli/json_line.h"
 #include "cli/terminal_text.h"
+#include "cli/texts.h"
+#include "common/text.h"
 #include "sysdiagnose/catalogue/information_sheet.h"
 
 namespace cli {
@@ -30,7 +33,7 @@ void PrintText(enmHardwareID category) {
   });
   std::puts(Coloured(Colour::Bold, Printable(CaptionOf(category))).c_str());
   if (!found) {
-    std::puts("  nothing found\n");
+    std::printf("  %s\n\n", Line(L"NOTHING_FOUND").c_str());
     return;
   }
   std::size_t labelWidth = 0;
@@ -45,16 +48,31 @@ void PrintText(enmHardwareID category) {
   std::puts("");
 }
 
+// Its data cannot be read; the other categories follow.
+void PrintFault(enmHardwareID category, const std::wstring& reason, bool asJson) {
+  if (asJson)
+    JsonLine("failed").Add("id", static_cast<std::int64_t>(category)).Add("error", reason);
+  else
+    std::printf("%s\n  %s\n\n", Coloured(Colour::Bold, Printable(CaptionOf(category))).c_str(),
+                Line(L"UNREADABLE", {reason}).c_str());
+}
+
 }  // namespace
 
 int RunInfo(const Arguments& arguments) {
+  bool isWhole = true;
   for (const enmHardwareID category : SelectedCategories(arguments)) {
-    if (arguments.json)
-      PrintJson(category);
-    else
-      PrintText(category);
+    try {
+      if (arguments.json)
+        PrintJson(category);
+      else
+        PrintText(category);
+    } catch (const std::exception& error) {
+      isWhole = false;
+      PrintFault(category, common::Utf8ToWide(error.what()), arguments.json);
+    }
   }
-  return kAllNormal;
+  return isWhole ? kAllNormal : kRunFailed;
 }
 
 }  // namespace cli

@@ -12,11 +12,11 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
-// By RunEnd, ItemState and CategoryVerdict.
+// By RunEnd, ItemState and CategoryResult.
 constexpr auto kEnds = std::to_array<const char*>({"finished", "cancelled", "failed"});
 constexpr auto kItemStates =
     std::to_array<const char*>({"notTested", "heading", "normal", "abnormal"});
-constexpr auto kVerdicts = std::to_array<const char*>({"notTested", "normal", "abnormal"});
+constexpr auto kResults = std::to_array<const char*>({"notTested", "normal", "abnormal"});
 
 class JsonReportWriter {
  public:
@@ -31,6 +31,7 @@ class JsonReportWriter {
     Add("product", report.product);
     Add("written", TimeText(report.written));
     Add("end", std::string(kEnds[static_cast<std::size_t>(report.end)]));
+    Add("verdict", std::string(NameOf(report.verdicts.Worst())));
     if (!report.error.empty()) Add("error", report.error);
     AddList("categories", report.categories, &JsonReportWriter::Category);
     AddRecord();
@@ -77,7 +78,8 @@ class JsonReportWriter {
     writer.StartObject();
     Add("category", static_cast<std::int64_t>(category.id));
     Add("caption", category.caption);
-    Add("result", std::string(kVerdicts[static_cast<std::size_t>(VerdictOf(report, category))]));
+    Add("result", std::string(kResults[static_cast<std::size_t>(ResultOf(report, category))]));
+    AddVerdict(category.id);
     AddList("information", category.information, &JsonReportWriter::InformationRow);
     if (!category.informationFault.empty()) Add("informationFault", category.informationFault);
     AddList("items", category.items, &JsonReportWriter::Item);
@@ -87,6 +89,12 @@ class JsonReportWriter {
     AddList("repairs", category.repairs, &JsonReportWriter::Repair);
     AddFlag("repaired", category.repaired);
     writer.EndObject();
+  }
+
+  void AddVerdict(enmHardwareID category) {
+    Add("verdict", std::string(NameOf(VerdictOf(report, category))));
+    const CategoryVerdict* verdict = report.verdicts.Find(category);
+    if (verdict != nullptr && !verdict->reason.empty()) Add("reason", verdict->reason);
   }
 
   void Repair(const ReportRepair& repair) {
@@ -114,6 +122,8 @@ class JsonReportWriter {
       Add("code", item.code);
     }
     AddWords(item.words);
+    if (item.state != ItemState::Heading) Add("verdict", std::string(NameOf(VerdictOf(item))));
+    if (!item.advice.empty()) Add("advice", item.advice);
     writer.EndObject();
   }
 

@@ -1,5 +1,7 @@
 #include "cli/json_line.h"
+#include "cli/json_run_end.h"
 #include "cli/run_printer.h"
+#include "sysdiagnose/engine/advice.h"
 
 namespace cli {
 
@@ -18,6 +20,8 @@ void AddWords(JsonLine& line, const ItemWords& words) {
 
 class JsonRunPrinter final : public RunPrinter {
  public:
+  explicit JsonRunPrinter(const RunVerdicts& noted) : verdicts(noted) {}
+
   void ItemStart(enmHardwareID category, const tagHardwareDetectInfo& info) override {
     JsonLine("itemStart")
         .Add("category", Number(category))
@@ -37,6 +41,9 @@ class JsonRunPrinter final : public RunPrinter {
         .Add("hint", detail.hint)
         .Add("code", std::int64_t{detail.code});
     AddWords(line, words);
+    line.Add("verdict", std::string(NameOf(VerdictOf(detail, words))));
+    const std::wstring advice = AdviceText(category, detail.caption, detail.code);
+    if (!detail.normal && !advice.empty()) line.Add("advice", advice);
   }
 
   void ItemUntested(enmHardwareID category, const std::wstring& caption,
@@ -63,15 +70,20 @@ class JsonRunPrinter final : public RunPrinter {
     JsonLine("repairOffer").Add("category", Number(category)).Add("text", offer.text);
   }
 
-  void Cancelled() override { JsonLine("cancelled"); }
-
-  void Finished(int abnormal, int firstAbnormal) override {
-    JsonLine("finished")
-        .Add("abnormal", std::int64_t{abnormal})
-        .Add("firstAbnormal", std::int64_t{firstAbnormal});
+  void CategoryEnd(const CategoryVerdict& ended) override {
+    JsonLine("category")
+        .Add("category", Number(ended.category))
+        .Add("verdict", std::string(NameOf(ended.verdict)))
+        .Add("reason", ended.reason);
   }
 
-  void Failed(const std::string& error) override { JsonLine("failed").Add("error", error); }
+  void Cancelled() override { PrintCancelled(verdicts); }
+
+  void Finished(int abnormal, int firstAbnormal) override {
+    PrintFinished(abnormal, firstAbnormal, verdicts);
+  }
+
+  void Failed(const std::string& error) override { PrintFailed(error, verdicts); }
 
   void RepairCategoryStart(int position, enmHardwareID category) override {
     JsonLine("categoryStart")
@@ -116,12 +128,15 @@ class JsonRunPrinter final : public RunPrinter {
     JsonLine("record").AddCells(record);
     if (!notKept.empty()) JsonLine("notKept").Add("error", notKept);
   }
+
+ private:
+  const RunVerdicts& verdicts;
 };
 
 }  // namespace
 
-std::unique_ptr<RunPrinter> MakeJsonRunPrinter() {
-  return std::make_unique<JsonRunPrinter>();
+std::unique_ptr<RunPrinter> MakeJsonRunPrinter(const RunVerdicts& verdicts) {
+  return std::make_unique<JsonRunPrinter>(verdicts);
 }
 
 }  // namespace cli

@@ -35,7 +35,7 @@ std::vector<enmHardwareID> CategoriesToTest(const Arguments& arguments) {
   std::vector<enmHardwareID> categories = SelectedCategories(arguments);
   // Asked in any case: the live machine keeps what it finds.
   const std::vector<machine::Part> notFitted = machine::Current().NotFitted();
-  if (!arguments.categories.empty()) return categories;
+  if (HasNamedCategories(arguments)) return categories;
   const auto isFitted = [&](enmHardwareID category) {
     return std::ranges::count(notFitted, static_cast<machine::Part>(category)) == 0;
   };

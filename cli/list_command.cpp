@@ -62,8 +62,7 @@ int RunList(const Arguments& arguments) {
     else
       PrintText(line, captionWidth);
   }
-  if (lines.empty() && !arguments.json)
-    std::puts("No hardware category is offered; see the log in the data folder.");
+  if (lines.empty() && !arguments.json) std::puts(NothingOffered().c_str());
   return kAllNormal;
 }
 

@@ -1,24 +1,29 @@
 #include "cli/live_line.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "cli/output.h"
 #include "cli/terminal_text.h"
+#include "cli/texts.h"
 #include "common/seconds_text.h"
 #include "common/text.h"
 #include "platform/os/console.h"
+#include "startup/interruptible.h"
 
 namespace cli {
 namespace {
 
-constexpr unsigned kRedrawMs = 200;
+constexpr unsigned kRedrawMs = 100;
+constexpr std::size_t kColumnsForProgress = 60;  // behind what goes on
 
 }  // namespace
 
-LiveLine::LiveLine() : onTerminal(os::OutputIsTerminal()) {
+LiveLine::LiveLine() : onTerminal(IsStyled()) {
   if (!onTerminal) return;
   redraw.emplace([](LiveLine* line) {
     const std::lock_guard lock(line->mutex);
+    line->TellOfInterrupt();
     line->Draw();
   });
   timer.emplace(kRedrawMs, this, &*redraw, true);
@@ -31,9 +36,10 @@ LiveLine::~LiveLine() {
   Clear();
 }
 
-void LiveLine::Show(const std::string& text) {
+void LiveLine::Show(const std::string& text, std::function<std::string()> progress) {
   const std::lock_guard lock(mutex);
   shown = text;
+  behind = std::move(progress);
   since = std::chrono::steady_clock::now();
   Draw();
 }
@@ -54,15 +60,24 @@ void LiveLine::Clear() {
 void LiveLine::Draw() {
   if (!onTerminal || shown.empty()) return;
   Erase();
-  const std::string time = "  " + common::SecondsText(std::chrono::steady_clock::now() - since);
-  // One row: what runs over into a second one could not be erased.
   const std::size_t columns = os::OutputColumns();
-  const std::size_t taken = time.size() + 1;  // the last column stays free
+  const bool hasRoom = columns == 0 || columns >= kColumnsForProgress;
+  const std::string more = behind && hasRoom ? behind() : std::string();
+  const std::string time = (more.empty() ? "  " : "  " + more + "  ") +
+                           common::SecondsText(std::chrono::steady_clock::now() - since);
+  // One row: what runs over into a second one could not be erased.
+  const std::size_t taken = Columns(common::Utf8ToWide(time)) + 1;  // the last column stays free
   const std::wstring text = common::Utf8ToWide(shown);
   const std::wstring fitting =
       columns == 0 ? text : Shortened(text, columns > taken ? columns - taken : 0);
   std::printf("%s%s", common::WideToUtf8(fitting).c_str(), time.c_str());
   FlushOutput();
+}
+
+void LiveLine::TellOfInterrupt() {
+  if (shown.empty() || !startup::Interruptible::HasCome() || std::exchange(hasTold, true)) return;
+  Erase();
+  std::puts(Coloured(Colour::Yellow, Indented(Text(L"STOPPING"), 0)).c_str());
 }
 
 void LiveLine::Erase() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -10,7 +11,8 @@
 namespace cli {
 
 /// A line at the bottom of the terminal that shows what is going on and for how long. Without a
-/// terminal it shows nothing. Any thread.
+/// terminal it shows nothing. Answers an interrupt, which the run follows when its test is over.
+/// Any thread.
 class LiveLine {
  public:
   LiveLine();
@@ -18,8 +20,9 @@ class LiveLine {
   LiveLine& operator=(const LiveLine&) = delete;
   ~LiveLine();
 
-  /// Sets what is going on; the time starts anew.
-  void Show(const std::string& text);
+  /// Sets what is going on; the time starts anew. `progress` is asked at each redraw, with the line
+  /// locked, for what stands behind the time.
+  void Show(const std::string& text, std::function<std::string()> progress = {});
 
   /// Prints a finished line above.
   void PrintAbove(const std::string& line);
@@ -29,10 +32,13 @@ class LiveLine {
  private:
   void Draw();
   void Erase();
+  void TellOfInterrupt();
 
   std::mutex mutex;
   const bool onTerminal;
+  bool hasTold = false;  // of an interrupt
   std::string shown;
+  std::function<std::string()> behind;
   std::chrono::steady_clock::time_point since;
   std::optional<concurrency::call<LiveLine*>> redraw;
   std::optional<concurrency::timer<LiveLine*>> timer;  // after its target

@@ -12,6 +12,7 @@
 #include "cli/json_line.h"
 #include "cli/log_talk.h"
 #include "cli/terminal_text.h"
+#include "cli/texts.h"
 #include "common/file.h"
 #include "common/path_text.h"
 #include "common/text.h"
@@ -119,7 +120,7 @@ int Upload(const Arguments& arguments, LogTalk& talk) {
   if (arguments.json)
     JsonLine("archive").Add("file", common::PathText(archive));
   else
-    std::printf("Packed for upload: %s\n", common::PathText(archive).c_str());
+    std::puts(Line(L"PACKED", {common::Utf8ToWide(common::PathText(archive))}).c_str());
   if (arguments.showArchive && !os::RevealInFolder(archive))
     throw std::runtime_error(common::PathText(archive) + ": its folder cannot be shown");
   return kAllNormal;
@@ -163,7 +164,7 @@ int RunLogs(const Arguments& arguments) {
   if (talk.Interrupted()) return kCancelled;
   if (!available) throw talk.Silence();
   if (!*available) {
-    if (!arguments.json) std::puts("There are no logs to offer.");
+    if (!arguments.json) std::puts(Line(L"NO_LOGS").c_str());
     return kAllNormal;
   }
 

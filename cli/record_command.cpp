@@ -2,7 +2,9 @@
 
 #include "cli/commands.h"
 #include "cli/json_line.h"
+#include "cli/texts.h"
 #include "common/path_text.h"
+#include "common/text.h"
 #include "platform/machine/current.h"
 #include "platform/machine/machine_files/recorder.h"
 #include "platform/os/replace_file.h"
@@ -47,7 +49,7 @@ int RunRecording(const Arguments& arguments) {
   if (arguments.json)
     JsonLine("recorded").Add("file", common::PathText(file));
   else
-    std::printf("Recorded the machine in %s.\n", common::PathText(file).c_str());
+    std::puts(Line(L"RECORDED", {common::Utf8ToWide(common::PathText(file))}).c_str());
   return kAllNormal;
 }
 

@@ -4,9 +4,11 @@
 #include <string>
 
 #include "cli/commands.h"
-#include "cli/terminal_text.h"
+#include "cli/texts.h"
+#include "common/text.h"
 #include "platform/os/console.h"
 #include "platform/os/input_line.h"
+#include "startup/program.h"
 
 namespace cli {
 
@@ -16,7 +18,7 @@ namespace {
 
 // The question goes to standard error, so that it does not mix with JSON.
 os::InputEnd Ask(enmHardwareID category, std::string& answer) {
-  std::fprintf(stderr, "Repair %s? [y/N] ", Printable(CaptionOf(category)).c_str());
+  std::fputs(Line(L"ASK_REPAIR", {CaptionOf(category)}).c_str(), stderr);
   const os::InputEnd end = os::ReadInputLine(answer);
   if (end != os::InputEnd::Line) std::fputs("\n", stderr);
   return end;
@@ -33,7 +35,7 @@ std::optional<RepairMap> ChooseRepairs(const Arguments& arguments, const RepairM
   RepairMap chosen;
   if (!os::InputIsTerminal()) {
     if (!offered.empty())
-      std::fputs("sysdiagnose: nothing is repaired: give --yes, or answer on a terminal\n", stderr);
+      startup::PrintError("sysdiagnose", common::WideToUtf8(Text(L"NOBODY_AGREES")));
     return chosen;
   }
   for (const auto& [category, entries] : offered) {

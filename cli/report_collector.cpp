@@ -2,6 +2,7 @@
 
 #include "cli/commands.h"
 #include "cli/run_report.h"
+#include "sysdiagnose/engine/advice.h"
 
 namespace cli {
 
@@ -22,22 +23,24 @@ class ReportCollector final : public RunPrinter {
   }
 
   void Heading(enmHardwareID category, const std::wstring& caption) override {
-    CategoryOf(category).items.push_back({ItemState::Heading, caption, {}, 0, {}});
+    CategoryOf(category).items.push_back({ItemState::Heading, caption, {}, 0, {}, {}});
     next->Heading(category, caption);
   }
 
   void ItemResult(enmHardwareID category, const tagDetectItemDetail& detail,
                   const ItemWords& words) override {
     const ItemState state = detail.normal ? ItemState::Normal : ItemState::Abnormal;
+    if (!detail.normal) report.attention.AddItem(category, HeadingOf(category), detail, words);
     if (!detail.caption.empty())
       CategoryOf(category).items.push_back(
-          {state, detail.caption, detail.hint, detail.code, words});
+          {state, detail.caption, detail.hint, detail.code, words,
+           detail.normal ? std::wstring() : AdviceText(category, detail.caption, detail.code)});
     next->ItemResult(category, detail, words);
   }
 
   void ItemUntested(enmHardwareID category, const std::wstring& caption,
                     const ItemWords& words) override {
-    CategoryOf(category).items.push_back({ItemState::NotTested, caption, {}, 0, words});
+    CategoryOf(category).items.push_back({ItemState::NotTested, caption, {}, 0, words, {}});
     next->ItemUntested(category, caption, words);
   }
 
@@ -53,18 +56,23 @@ class ReportCollector final : public RunPrinter {
 
   void CategoryWords(enmHardwareID category, const ItemWords& words) override {
     CategoryOf(category).words = words;
+    report.attention.AddWords(category, words);
     next->CategoryWords(category, words);
   }
 
   void CategoryUnknown(enmHardwareID category, const std::wstring& text) override {
     CategoryOf(category).unknown.push_back(text);
+    report.attention.AddUnknown(category, text);
     next->CategoryUnknown(category, text);
   }
 
   void RepairOffer(enmHardwareID category, const tagRepairItemInfo& offer) override {
     CategoryOf(category).repairOffer = offer.text;
+    report.attention.AddRepairOffer(category);
     next->RepairOffer(category, offer);
   }
+
+  void CategoryEnd(const CategoryVerdict& ended) override { next->CategoryEnd(ended); }
 
   void Cancelled() override {
     report.end = RunEnd::Cancelled;
@@ -114,6 +122,15 @@ class ReportCollector final : public RunPrinter {
   }
 
  private:
+  // The device that the items are about, where the run names it.
+  std::wstring HeadingOf(enmHardwareID category) {
+    const std::vector<ReportItem>& items = CategoryOf(category).items;
+    const auto heading = std::find_if(items.rbegin(), items.rend(), [](const ReportItem& item) {
+      return item.state == ItemState::Heading;
+    });
+    return heading == items.rend() ? std::wstring() : heading->caption;
+  }
+
   ReportCategory& CategoryOf(enmHardwareID id) {
     const auto known = std::ranges::find(report.categories, id, &ReportCategory::id);
     if (known != report.categories.end()) return *known;

@@ -1,5 +1,7 @@
+#include <algorithm>
+#include <chrono>
+#include <exception>
 #include <optional>
-#include <set>
 
 #include "cli/commands.h"
 #include "cli/interruptible.h"
@@ -7,9 +9,13 @@
 #include "cli/left_out.h"
 #include "cli/repair_choice.h"
 #include "cli/report_file.h"
+#include "cli/run_log.h"
 #include "cli/run_printer.h"
+#include "common/text.h"
 #include "platform/concurrency/task.h"
+#include "platform/os/replace_file.h"
 #include "platform/util/process_store.h"
+#include "startup/program.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/engine/diagnose_engine.h"
 #include "sysdiagnose/records/history_store.h"
@@ -33,18 +39,20 @@ std::string WhyNotKept(const RunRecord& record) {
 
 // One run of the terminal program: a detection, and repairs when they are asked for.
 class Diagnosis {
+  using Clock = std::chrono::steady_clock;
+
  public:
-  Diagnosis(std::vector<enmHardwareID> selected, RunPrinter& shownBy)
-      : selection(std::move(selected)), printer(shownBy) {}
+  Diagnosis(std::vector<enmHardwareID> selected, RunPrinter& shownBy, RunVerdicts& noted)
+      : selection(std::move(selected)), printer(shownBy), verdicts(noted) {}
 
   void Detect() {
     engine.BeginDetectRun(
         selection,
         [this](enmHardwareID category, tagHardwareDetectInfo& info) {
+          EndCategories();
           items.ItemStart(category, info);
         },
         [this](enmHardwareID category, tagDetectItemDetail& detail) {
-          if (!detail.normal) troubled.insert(category);
           items.ItemResult(category, detail);
         },
         [this](enmHardwareID category, const std::wstring& text) {
@@ -55,7 +63,7 @@ class Diagnosis {
         },
         [this] { OnCancelled(); },
         [this](int& abnormal, int& firstAbnormal) {
-          items.End();
+          EndCategories();
           printer.Finished(abnormal, firstAbnormal);
         },
         [this](const std::string& error) { OnFailed(error); });
@@ -76,7 +84,7 @@ class Diagnosis {
       printer.RepairResult(position, category, repair, result);
     };
     callbacks.categoryResult = [this](bool repaired, enmHardwareID category, int position) {
-      if (repaired) troubled.erase(category);
+      if (repaired) verdicts.Repair(category);
       printer.RepairCategoryResult(repaired, category, position);
     };
     callbacks.cancelled = [this] { OnCancelled(); };
@@ -96,21 +104,38 @@ class Diagnosis {
 
   ExitStatus Status() const {
     if (ended != kAllNormal) return ended;
-    if (!troubled.empty() || engine.Record().failCount != 0) return kSomethingAbnormal;
+    if (verdicts.CountOf(Verdict::Abnormal) != 0) return kSomethingAbnormal;
     return isKept ? kAllNormal : kWrongUsage;
   }
 
  private:
   void OnCancelled() {
     ended = kCancelled;
-    items.End();
+    EndCategories();
     printer.Cancelled();
   }
 
   void OnFailed(const std::string& error) {
     ended = kRunFailed;
-    items.End();
+    EndCategories();
+    if (endedCategories < selection.size())
+      items.EndCategory(selection[endedCategories], true, common::Utf8ToWide(error));
     printer.Failed(error);
+  }
+
+  // Those that the engine has done with since it was last looked at. On the run's thread.
+  void EndCategories() {
+    const RunRecord& record = engine.Record();
+    const auto done = static_cast<std::size_t>(record.passCount + record.failCount);
+    for (; endedCategories < done; ++endedCategories) {
+      const enmHardwareID category = selection.at(endedCategories);
+      const auto cell = static_cast<std::size_t>(std::ranges::find(kRecordOrder, category) -
+                                                 kRecordOrder.begin());
+      items.EndCategory(category,
+                        cell == record.results.size() || record.results[cell] != kAbnormal);
+      verdicts.Took(category, std::chrono::duration_cast<std::chrono::milliseconds>(
+                                  Clock::now() - std::exchange(categoryBegan, Clock::now())));
+    }
   }
 
   void WaitForEnd() {
@@ -119,15 +144,34 @@ class Diagnosis {
     if (ended == kRunFailed) return;
     const std::string fault = WhyNotKept(engine.Record());
     if (!fault.empty()) isKept = false;
+    Log();
     printer.Record(engine.Record(), fault);
+  }
+
+  // Without it the run is as good; only what builds on it later does without.
+  void Log() const {
+    const RunRecord& record = engine.Record();
+    LoggedRun run{record.secondTime,
+                  std::vector<int>(record.results.begin(), record.results.end()),
+                  ended == kCancelled ? "cancelled" : "finished",
+                  {}};
+    for (const CategoryVerdict& each : verdicts.All())
+      run.categories.push_back({each.category, each.verdict, each.isReached, each.took});
+    try {
+      LogRun(run);
+    } catch (const std::exception& error) {
+      startup::PrintError("sysdiagnose", error.what());
+    }
   }
 
   const std::vector<enmHardwareID> selection;
   RunPrinter& printer;
-  ItemTeller items{printer};
-  std::set<enmHardwareID> troubled;  // categories with an abnormal item, disks included
-  ExitStatus ended = kAllNormal;     // how the last run came to an end
-  bool isKept = true;                // every record, read back
+  RunVerdicts& verdicts;
+  ItemTeller items{printer, verdicts};
+  std::size_t endedCategories = 0;  // of the selection
+  Clock::time_point categoryBegan = Clock::now();
+  ExitStatus ended = kAllNormal;  // how the last run came to an end
+  bool isKept = true;             // every record, read back
   DiagnoseEngine engine;
   Interruptible interruptible;  // after the engine that it cancels
 };
@@ -135,16 +179,31 @@ class Diagnosis {
 }  // namespace
 
 int RunDiagnosis(const Arguments& arguments) {
+  if (!arguments.singleItems.empty()) return RunSingleItems(arguments);
+  // Before the run: what it takes minutes to find out must not be lost.
+  if (!arguments.reportFile.empty()) os::RequireReplaceable(arguments.reportFile);
   DetectCatalogue::Instance();
   concurrency::wait_until_idle();  // the summary then carries the device texts
   const std::vector<enmHardwareID> selection = CategoriesToTest(arguments);
 
+  RunVerdicts verdicts(selection);
   std::unique_ptr<RunPrinter> printer =
-      arguments.json ? MakeJsonRunPrinter() : MakeTextRunPrinter(selection);
+      arguments.json ? MakeJsonRunPrinter(verdicts) : MakeTextRunPrinter(selection, verdicts);
   RunReport report;
   if (!arguments.reportFile.empty())
     printer = MakeReportCollector(selection, report, std::move(printer));
-  Diagnosis diagnosis(selection, *printer);
+  const auto writeReport = [&] {
+    if (arguments.reportFile.empty()) return;
+    report.verdicts = verdicts;
+    WriteReport(report, arguments);
+  };
+  if (selection.empty()) {
+    printer->Failed(NothingOffered());
+    writeReport();
+    return kRunFailed;
+  }
+
+  Diagnosis diagnosis(selection, *printer, verdicts);
   diagnosis.Detect();
   if (arguments.repair && diagnosis.CanRepair()) {
     std::optional<RepairMap> chosen = ChooseRepairs(arguments, diagnosis.OfferedRepairs());
@@ -153,8 +212,10 @@ int RunDiagnosis(const Arguments& arguments) {
     else if (!chosen->empty())
       diagnosis.Repair(*std::move(chosen));
   }
-  if (!arguments.reportFile.empty()) WriteReport(report, arguments);
-  return diagnosis.Status();
+  writeReport();
+  const ExitStatus status = diagnosis.Status();
+  const bool isLacking = HasNamedCategories(arguments) && verdicts.CountOf(Verdict::NotTested) != 0;
+  return status == kAllNormal && isLacking ? kNotTestedAsAsked : status;
 }
 
 }  // namespace cli

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/item_words.h"
+#include "cli/verdict.h"
 #include "platform/hardware_detect/detector.h"
 #include "sysdiagnose/engine/detect_item_detail.h"
 #include "sysdiagnose/records/history_record.h"
@@ -43,6 +44,10 @@ class RunPrinter {
                                const std::wstring& text) = 0;
   virtual void RepairOffer(orv::sysdiagnose::enmHardwareID category,
                            const orv::sysdiagnose::tagRepairItemInfo& offer) = 0;
+
+  /// What the category has come to. Follows its last line.
+  virtual void CategoryEnd(const CategoryVerdict& ended) = 0;
+
   virtual void Cancelled() = 0;
   virtual void Finished(int abnormal, int firstAbnormal) = 0;
   virtual void Failed(const std::string& error) = 0;
@@ -61,11 +66,12 @@ class RunPrinter {
   virtual void Record(const orv::sysdiagnose::RunRecord& record, const std::string& notKept) = 0;
 };
 
-/// One JSON object per call.
-std::unique_ptr<RunPrinter> MakeJsonRunPrinter();
+/// One JSON object per call. The verdicts are those of the run and outlive the printer, here and
+/// below.
+std::unique_ptr<RunPrinter> MakeJsonRunPrinter(const RunVerdicts& verdicts);
 
 /// A list of the results, with a live line on a terminal, and a closing summary.
 std::unique_ptr<RunPrinter> MakeTextRunPrinter(
-    std::vector<orv::sysdiagnose::enmHardwareID> selection);
+    std::vector<orv::sysdiagnose::enmHardwareID> selection, const RunVerdicts& verdicts);
 
 }  // namespace cli

@@ -67,16 +67,27 @@ std::string TimeText(const os::LocalTime& time) {
   return text.data();
 }
 
-CategoryVerdict VerdictOf(const RunReport& report, const ReportCategory& category) {
+CategoryResult ResultOf(const RunReport& report, const ReportCategory& category) {
   if (!category.repaired &&
       std::ranges::count(category.items, ItemState::Abnormal, &ReportItem::state) > 0)
-    return CategoryVerdict::Abnormal;
-  if (!report.record) return CategoryVerdict::NotTested;
+    return CategoryResult::Abnormal;
+  if (!report.record) return CategoryResult::NotTested;
   const auto cell = std::ranges::find(kRecordOrder, category.id) - kRecordOrder.begin();
-  if (cell == kHardwareIdCount) return CategoryVerdict::NotTested;
+  if (cell == kHardwareIdCount) return CategoryResult::NotTested;
   const std::int64_t result = report.record->results[static_cast<std::size_t>(cell)];
-  if (result == kNotTested) return CategoryVerdict::NotTested;
-  return result == kNormal ? CategoryVerdict::Normal : CategoryVerdict::Abnormal;
+  if (result == kNotTested) return CategoryResult::NotTested;
+  return result == kNormal ? CategoryResult::Normal : CategoryResult::Abnormal;
+}
+
+Verdict VerdictOf(const RunReport& report, enmHardwareID category) {
+  const CategoryVerdict* verdict = report.verdicts.Find(category);
+  return verdict == nullptr ? Verdict::NotTested : verdict->verdict;
+}
+
+Verdict VerdictOf(const ReportItem& item) {
+  if (item.state == ItemState::Abnormal) return Verdict::Abnormal;
+  return item.state == ItemState::Normal && item.words.notTested.empty() ? Verdict::Normal
+                                                                         : Verdict::NotTested;
 }
 
 }  // namespace cli

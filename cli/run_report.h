@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "cli/attention.h"
 #include "cli/run_printer.h"
+#include "cli/verdict.h"
 #include "platform/os/clock.h"
 #include "sysdiagnose/catalogue/information_sheet.h"
 
@@ -24,6 +26,7 @@ struct ReportItem {
   std::wstring hint;  // what to do if it is abnormal; a normal item may have one too
   std::int32_t code = 0;
   ItemWords words;
+  std::wstring advice;  // what completes the hint of an abnormal item
 };
 
 struct ReportRepair {
@@ -65,6 +68,8 @@ struct RunReport {
   std::string notKept;             // why the store does not have the record
   std::vector<ReportDay> history;  // newest first
   std::string historyFault;        // why there is none
+  AttentionList attention;
+  RunVerdicts verdicts{{}};  // as they are when the report is written
 };
 
 /// Fills the report with what the run tells and hands everything on to another printer. The report
@@ -80,10 +85,14 @@ void AddMachineFacts(RunReport& report);
 /// As "2024-03-09 10:11".
 std::string TimeText(const os::LocalTime& time);
 
-enum class CategoryVerdict { NotTested, Normal, Abnormal };
+enum class CategoryResult { NotTested, Normal, Abnormal };
 
-/// A category's verdict: abnormal when it has an abnormal item and was not repaired, else as the
+/// A category's result: abnormal when it has an abnormal item and was not repaired, else as the
 /// record has it.
-CategoryVerdict VerdictOf(const RunReport& report, const ReportCategory& category);
+CategoryResult ResultOf(const RunReport& report, const ReportCategory& category);
+
+/// What people are told of it.
+Verdict VerdictOf(const RunReport& report, orv::sysdiagnose::enmHardwareID category);
+Verdict VerdictOf(const ReportItem& item);
 
 }  // namespace cli

@@ -4,6 +4,7 @@
 #include "cli/interruptible.h"
 #include "cli/json_line.h"
 #include "cli/terminal_text.h"
+#include "cli/texts.h"
 #include "common/text.h"
 #include "sysdiagnose/engine/hardware_scan.h"
 
@@ -38,24 +39,28 @@ class ScanPrinter {
   }
 
   void Complete(enmHardwareID last) const {
-    if (json)
+    if (json) {
       JsonLine("complete").Add("category", static_cast<std::int64_t>(last));
-    else if (!entered)
-      std::puts("No hardware category is offered; see the log in the data folder.");
+      JsonLine("finished");
+    } else if (!entered) {
+      std::puts(NothingOffered().c_str());
+    }
   }
 
   void Ended() const {
-    if (json)
+    if (json) {
       JsonLine("ended");
-    else
-      std::puts("The scan was cancelled.");
+      JsonLine("cancelled");
+    } else {
+      std::puts(Line(L"SCAN_CANCELLED").c_str());
+    }
   }
 
   void Failed(const std::string& error) const {
     if (json)
       JsonLine("failed").Add("error", error);
     else
-      std::printf("The scan failed: %s\n", Printable(common::Utf8ToWide(error)).c_str());
+      std::puts(Line(L"SCAN_FAILED", {common::Utf8ToWide(error)}).c_str());
   }
 
  private:

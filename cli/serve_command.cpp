@@ -6,7 +6,9 @@
 #include "cli/interruptible.h"
 #include "cli/json_line.h"
 #include "cli/output.h"
+#include "cli/texts.h"
 #include "common/path_text.h"
+#include "common/text.h"
 #include "platform/message/broker.h"
 #include "platform/message/broker_connection.h"
 #include "platform/os/clock.h"
@@ -26,7 +28,7 @@ int RunServe(const Arguments& arguments) {
   if (arguments.json) {
     JsonLine("serving").Add("socket", common::PathText(socket));
   } else {
-    std::printf("Relaying messages at %s until Ctrl-C.\n", common::PathText(socket).c_str());
+    std::puts(Line(L"SERVING", {common::Utf8ToWide(common::PathText(socket))}).c_str());
     FlushOutput();
   }
   while (!endAsked) os::CurrentClock().Sleep(std::chrono::milliseconds(50));

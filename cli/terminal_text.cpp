@@ -1,7 +1,10 @@
 #include "cli/terminal_text.h"
 
+#include <unicode/uchar.h>
+
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <string_view>
 
 #include "common/text.h"
@@ -10,35 +13,53 @@
 namespace cli {
 namespace {
 
-struct Range {
-  char32_t first;
-  char32_t last;
-};
+constexpr std::size_t kMostColumns = 80;
+constexpr std::size_t kFewestColumns = 20;  // of text, whatever the terminal says
 
-// Blocks of characters that terminals draw two columns wide.
-constexpr auto kWide = std::to_array<Range>({{0x1100, 0x115F},
-                                             {0x2E80, 0x303E},
-                                             {0x3041, 0xA4CF},
-                                             {0xAC00, 0xD7A3},
-                                             {0xF900, 0xFAFF},
-                                             {0xFE30, 0xFE6F},
-                                             {0xFF00, 0xFF60},
-                                             {0xFFE0, 0xFFE6},
-                                             {0x20000, 0x3FFFD}});
+bool IsVariable(const char* name) {
+  const char* const value = std::getenv(name);
+  return value != nullptr && *value != '\0';
+}
 
-constexpr auto kEscapes =
-    std::to_array<std::string_view>({"\033[31m", "\033[32m", "\033[33m", "\033[90m", "\033[1m"});
+bool IsWide(char32_t c) {
+  const auto point = static_cast<UChar32>(c);
+  const int width = u_getIntPropertyValue(point, UCHAR_EAST_ASIAN_WIDTH);
+  return width == U_EA_FULLWIDTH || width == U_EA_WIDE ||
+         u_hasBinaryProperty(point, UCHAR_EMOJI_PRESENTATION) != 0;
+}
+
+bool HasNoWidth(char32_t c) {
+  const auto category = u_charType(static_cast<UChar32>(c));
+  return category == U_NON_SPACING_MARK || category == U_ENCLOSING_MARK ||
+         category == U_FORMAT_CHAR;
+}
+
+constexpr auto kEscapes = std::to_array<std::string_view>(
+    {"\033[31m", "\033[32m", "\033[33m", "\033[90m", "\033[1m", ""});
+
+// Marks that do not begin a line.
+constexpr std::wstring_view kClosing = L"。，、；：！？）》」』”’…";
+
+// Where the text can be broken: at blanks, and beside characters that stand for words.
+bool IsBreak(const std::wstring& text, std::size_t at) {
+  if (text[at] == L' ') return true;
+  if (kClosing.find(text[at]) != std::wstring_view::npos) return false;
+  return IsWide(static_cast<char32_t>(text[at])) || IsWide(static_cast<char32_t>(text[at - 1]));
+}
+
+// The last break up to a place; that place where there is none.
+std::size_t LastBreak(const std::wstring& text, std::size_t place) {
+  for (std::size_t at = place; at > 0; --at)
+    if (IsBreak(text, at)) return at;
+  return std::max<std::size_t>(place, 1);
+}
 
 }  // namespace
 
 std::size_t Columns(const std::wstring& text) {
   std::size_t columns = 0;
-  for (const char32_t c : common::WideToUtf32(text)) {
-    const bool isWide = std::any_of(kWide.begin(), kWide.end(), [c](const Range& range) {
-      return c >= range.first && c <= range.last;
-    });
-    columns += isWide ? 2 : 1;
-  }
+  for (const char32_t c : common::WideToUtf32(text))
+    columns += HasNoWidth(c) ? 0 : IsWide(c) ? 2 : 1;
   return columns;
 }
 
@@ -59,18 +80,33 @@ std::vector<std::wstring> Wrapped(const std::wstring& text, std::size_t columns)
   while (at < text.size()) {
     const std::wstring next = text.substr(at, 2 * columns + 1);  // two units a column at most
     std::wstring line = Shortened(next, columns);
-    if (line.size() < next.size() && next[line.size()] != L' ') {
-      const std::size_t blank = line.rfind(L' ');
-      if (blank != std::wstring::npos && blank > 0) line.resize(blank);
-    }
+    if (line.size() < next.size()) line.resize(LastBreak(next, line.size()));
     at = std::min(text.find_first_not_of(L' ', at + line.size()), text.size());
     lines.push_back(std::move(line));
   }
   return lines;
 }
 
+std::size_t LineColumns() {
+  const std::size_t columns = os::OutputColumns();
+  return columns == 0 ? kMostColumns : std::clamp(columns, kFewestColumns, kMostColumns);
+}
+
+std::string Indented(const std::wstring& text, std::size_t indent) {
+  std::string lines;
+  for (const std::wstring& line : Wrapped(text, LineColumns() - indent))
+    lines += (lines.empty() ? "" : "\n") + std::string(indent, ' ') + Printable(line);
+  return lines;
+}
+
+bool IsStyled() {
+  const char* const terminal = std::getenv("TERM");
+  const bool isDumb = terminal != nullptr && std::string_view(terminal) == "dumb";
+  return !isDumb && os::OutputIsTerminal();
+}
+
 std::string Coloured(Colour colour, const std::string& text) {
-  static const bool coloured = os::OutputIsTerminal();
+  static const bool coloured = IsStyled() && !IsVariable("NO_COLOR");
   if (!coloured || text.empty()) return text;
   return std::string(kEscapes[static_cast<std::size_t>(colour)]) + text + "\033[0m";
 }

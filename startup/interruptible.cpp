@@ -11,6 +11,7 @@ namespace {
 
 std::atomic<bool> interrupted = false;
 std::atomic<const std::function<void()>*> current = nullptr;
+bool expected = false;       // before there is an Interruptible
 std::atomic<int> calls = 0;  // under way, which may be on a thread of the system
 
 void Interrupt() {
@@ -27,9 +28,19 @@ void ForgetCurrent() {
 
 }  // namespace
 
-Interruptible::Interruptible(int exitStatus) {
+void ExpectInterrupts(int exitStatus) {
   interrupted = false;
   os::OnInterrupt(&Interrupt, exitStatus);
+  expected = true;
+}
+
+Interruptible::Interruptible(int exitStatus) {
+  if (!std::exchange(expected, false)) ExpectInterrupts(exitStatus);
+  expected = false;
+}
+
+bool Interruptible::HasCome() {
+  return interrupted;
 }
 
 Interruptible::~Interruptible() {

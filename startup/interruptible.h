@@ -4,6 +4,11 @@
 
 namespace startup {
 
+/// From now on an interrupt waits for the program's Interruptible to come, which is cancelled at
+/// once then; a second one ends the program with `exitStatus`. For the start of a program that will
+/// have one.
+void ExpectInterrupts(int exitStatus);
+
 /// While it lives, the first interrupt cancels what goes on; the second ends the program. One at a
 /// time, on the main thread.
 class Interruptible {
@@ -13,6 +18,9 @@ class Interruptible {
   ~Interruptible();
   Interruptible(const Interruptible&) = delete;
   Interruptible& operator=(const Interruptible&) = delete;
+
+  /// Whether an interrupt has come. Any thread.
+  static bool HasCome();
 
   /// From now on an interrupt calls `cancel`, which may only set a flag; one that came before does
   /// so at once.

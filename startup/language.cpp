@@ -1,14 +1,18 @@
 #include "startup/language.h"
 
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "common/path_text.h"
 #include "platform/os/folder_entries.h"
 #include "platform/os/user_locale.h"
+#include "startup/usage_error.h"
 
 namespace startup {
 namespace {
+
+constexpr std::string_view kIds = "ids";  // shows the ids of the texts
 
 // In alphabetical order.
 std::vector<std::string> Languages(const std::filesystem::path& resources) {
@@ -37,6 +41,15 @@ std::string UserLanguage(const std::filesystem::path& resources) {
       languages.begin(), languages.end(),
       [&anywhere](const std::string& language) { return language.starts_with(anywhere); });
   return near == languages.end() ? "en-US" : *near;
+}
+
+std::string NamedLanguage(const std::string& name, const std::filesystem::path& resources) {
+  std::vector<std::string> known = Languages(resources);
+  known.emplace_back(kIds);
+  if (std::count(known.begin(), known.end(), name) != 0) return name;
+  std::string names;
+  for (const std::string& each : known) names += (names.empty() ? "" : ", ") + each;
+  throw UsageError("unknown language \"" + name + "\"; give one of " + names);
 }
 
 }  // namespace startup

@@ -5,8 +5,8 @@
 // The terminal that a program's standard streams may be. For a program's main thread.
 namespace os {
 
-/// Output goes out byte by byte as it is written, and a terminal shows it as UTF-8. For the start
-/// of a program, before it writes.
+/// Output goes out byte by byte as it is written, and a terminal shows it as UTF-8; writing to a
+/// reader that has gone away fails. For the start of a program, before it writes.
 void PrepareOutput();
 
 /// Whether standard output is a terminal that a person watches and that knows escape sequences.

@@ -17,10 +17,9 @@ fs::path NewFileBeside(const fs::path& file) {
   return file.parent_path() / (".sysdiagnose-" + std::to_string(std::random_device()()) + ".new");
 }
 
-}  // namespace
-
-void ReplaceFile(const fs::path& file, std::string_view content) {
-  const fs::path target = FollowOwnLinks(file);
+// Where the content goes. Throws for a place that can be none.
+fs::path TargetOf(const fs::path& file) {
+  fs::path target = FollowOwnLinks(file);
   std::error_code error;
   const fs::file_status status = fs::status(target, error);
   if (fs::exists(status) && !fs::is_regular_file(status))
@@ -28,9 +27,23 @@ void ReplaceFile(const fs::path& file, std::string_view content) {
   if (target.has_parent_path() &&
       fs::status(target.parent_path(), error).type() == fs::file_type::not_found)
     throw FileError(file, "its folder does not exist");
+  return target;
+}
 
+}  // namespace
+
+void RequireReplaceable(const fs::path& file) {
+  const fs::path tried = NewFileBeside(TargetOf(file));
+  const std::error_code error = WriteNewFile(tried, {});
+  std::error_code ignored;
+  fs::remove(tried, ignored);
+  if (error) throw FileError(file, "cannot be written: " + error.message());
+}
+
+void ReplaceFile(const fs::path& file, std::string_view content) {
+  const fs::path target = TargetOf(file);
   const fs::path written = NewFileBeside(target);
-  error = WriteNewFile(written, content);
+  std::error_code error = WriteNewFile(written, content);
   if (!error) fs::rename(written, target, error);
   if (!error) return;
   std::error_code ignored;

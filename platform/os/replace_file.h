@@ -10,4 +10,7 @@ namespace os {
 /// thread.
 void ReplaceFile(const std::filesystem::path& file, std::string_view content);
 
+/// Throws as ReplaceFile would, as far as that can be told now; leaves the file as it is.
+void RequireReplaceable(const std::filesystem::path& file);
+
 }  // namespace os

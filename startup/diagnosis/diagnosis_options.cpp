@@ -31,7 +31,9 @@ void PutDiagnosisInForce(const DiagnosisOptions& options) {
   PutInForce(options);
   const std::filesystem::path resources = os::InstallationFolder() / "res";
   DuiLib::UICulture::GetInstance()->SetLanguage(
-      options.language.empty() ? UserLanguage(resources) : options.language, resources);
+      options.language.empty() ? UserLanguage(resources)
+                               : NamedLanguage(options.language, resources),
+      resources);
   if (options.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
 }
 

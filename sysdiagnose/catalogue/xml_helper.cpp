@@ -55,11 +55,15 @@ void AppendItem(const common::XmlElement* element, std::vector<tagDetectItem>& i
 
 }  // namespace
 
+std::filesystem::path XmlHelper::ListPath() {
+  const std::filesystem::path folder = os::ProgramConfigurationRoot();
+  return folder.empty() ? folder : folder / common::BackslashPath(kListFile);
+}
+
 void XmlHelper::GetDetectItems(std::vector<tagDetectItem>& items) {
   items.clear();
-  const std::filesystem::path folder = os::ProgramConfigurationRoot();
-  if (folder.empty()) return;
-  const std::filesystem::path file = folder / common::BackslashPath(kListFile);
+  const std::filesystem::path file = ListPath();
+  if (file.empty()) return;
   if (!DE::FileExists(file)) return;
 
   ParseDetectItems(common::ReadFile(file, common::kMaxXmlSize), common::PathText(file), items);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +12,9 @@ namespace orv::sysdiagnose {
 class XmlHelper {
  public:
   static constexpr std::string_view kListFile = "config\\SysdiagnoseList.xml";
+
+  /// Where the list lies; empty when the system does not tell.
+  static std::filesystem::path ListPath();
 
   /// Replaces `items` by those the device supports, in file order. Without the file, or without its
   /// root, there are none. Throws std::runtime_error "cannot open file <path>" for a file that

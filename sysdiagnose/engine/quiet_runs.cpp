@@ -60,8 +60,13 @@ QuietRuns::QuietRuns() : state(std::make_shared<State>()) {}
 
 void QuietRuns::BeginDetection(CategoryResultCallback categoryResult, EndedCallback ended,
                                RunTask::FailedCallback failed) {
-  Begin([stop = stops.Begin(), categoryResult = std::move(categoryResult),
-         only = chosen](State& run) { run.Detect(stop, categoryResult, only); },
+  BeginDetection(NoCallbacks(), std::move(categoryResult), std::move(ended), std::move(failed));
+}
+
+void QuietRuns::BeginDetection(CategoryCallbacks told, CategoryResultCallback categoryResult,
+                               EndedCallback ended, RunTask::FailedCallback failed) {
+  Begin([stop = stops.Begin(), told = std::move(told), categoryResult = std::move(categoryResult),
+         only = chosen](State& run) { run.Detect(stop, told, categoryResult, only); },
         std::move(ended), std::move(failed));
 }
 
@@ -92,7 +97,7 @@ void QuietRuns::State::Post() const {
   IPCHelper::Instance().PostSummary(summary, IPCHelper::ModeQuiet);
 }
 
-void QuietRuns::State::Detect(const RunStops::Token& stop,
+void QuietRuns::State::Detect(const RunStops::Token& stop, const CategoryCallbacks& told,
                               const CategoryResultCallback& categoryResult, const Choice& chosen) {
   items.clear();
   repairs.clear();
@@ -101,20 +106,20 @@ void QuietRuns::State::Detect(const RunStops::Token& stop,
   for (const tagDetectItem& item : snapshot) {
     if (stop.IsRequested()) break;
     if (chosen && std::ranges::count(*chosen, item.id) == 0) continue;
-    const bool normal = DetectCategory(item);
+    const bool normal = DetectCategory(item, told);
     if (categoryResult) categoryResult(item.id, normal);
     Pause(kAfterCategory);
   }
   Post();
 }
 
-bool QuietRuns::State::DetectCategory(const tagDetectItem& item) {
+bool QuietRuns::State::DetectCategory(const tagDetectItem& item, const CategoryCallbacks& told) {
   DetectListEntry& entry = items.emplace_back(MakeDetectListEntry(item));
   entry.description = Decorated(entry.description);
   entry.state = DisplayState::Running;
   entry.selected = true;
   Post();
-  CategoryOutcome outcome = RunCategory(item.id, objects, NoCallbacks());
+  CategoryOutcome outcome = RunCategory(item.id, objects, told);
   outcome.text = Decorated(outcome.text);
   ShowOutcome(entry, outcome);
   if (!outcome.repairs.empty()) repairs[item.id] = std::move(outcome.repairs);

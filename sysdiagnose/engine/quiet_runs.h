@@ -27,10 +27,12 @@ class QuietRuns {
   /// Has later detections test these of the offered categories alone.
   void TestOnly(std::vector<enmHardwareID> categories) { chosen = std::move(categories); }
 
-  /// Tests all offered categories in catalogue order, and ends with one last summary. All callbacks
-  /// may be empty.
+  /// Tests all offered categories in catalogue order, and ends with one last summary. The callbacks
+  /// may be empty; `told` are all set, or left out.
   void BeginDetection(CategoryResultCallback categoryResult, EndedCallback ended,
                       RunTask::FailedCallback failed);
+  void BeginDetection(CategoryCallbacks told, CategoryResultCallback categoryResult,
+                      EndedCallback ended, RunTask::FailedCallback failed);
 
   /// Makes the repairs that the last detection offered for these categories.
   void BeginRepair(std::vector<enmHardwareID> categories, EndedCallback ended,
@@ -54,9 +56,9 @@ class QuietRuns {
     TestObjects objects;
 
     void Post() const;
-    void Detect(const RunStops::Token& stop, const CategoryResultCallback& categoryResult,
-                const Choice& chosen);
-    bool DetectCategory(const tagDetectItem& item);
+    void Detect(const RunStops::Token& stop, const CategoryCallbacks& told,
+                const CategoryResultCallback& categoryResult, const Choice& chosen);
+    bool DetectCategory(const tagDetectItem& item, const CategoryCallbacks& told);
     void Repair(const std::vector<enmHardwareID>& categories);
     void RepairCategory(enmHardwareID category);
     void ShowRepaired(enmHardwareID category);

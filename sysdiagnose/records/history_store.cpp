@@ -161,6 +161,16 @@ void LoadDailyHistory(int maxCount,
   loaded(records);
 }
 
+void LoadAllHistory(const std::function<void(const std::vector<HistoryRecord>&)>& loaded) {
+  std::vector<DataManager::Row> rows;
+  DataManager::Instance().Get("select * from TABLE_HARDWARE_DIAGNOSE order by SecondTime desc",
+                              RETURN_ORDER_DEFAULT, rows);
+  std::vector<HistoryRecord> records;
+  for (const DataManager::Row& row : rows)
+    if (row.size() >= kCellCount) records.push_back(ReadRow(row));
+  loaded(records);
+}
+
 void LoadHistoryRecord(std::int32_t secondTime,
                        const std::function<void(bool, const HistoryRecord&)>& loaded) {
   HistoryRecord record;

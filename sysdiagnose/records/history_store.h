@@ -34,6 +34,9 @@ bool QueryRecordBySecondTime(HistoryRecord& record, std::int32_t secondTime);
 void LoadDailyHistory(int maxCount,
                       const std::function<void(const std::vector<HistoryRecord>&)>& loaded);
 
+/// Hands out all runs, newest first.
+void LoadAllHistory(const std::function<void(const std::vector<HistoryRecord>&)>& loaded);
+
 /// Hands out whether there is a run of that second, and the run, or a record of zeros.
 void LoadHistoryRecord(std::int32_t secondTime,
                        const std::function<void(bool, const HistoryRecord&)>& loaded);

@@ -25,12 +25,12 @@ class ConfigurationTest : public testing::Test {
     WriteText(folder.path / "machine.json", text);
   }
 
-  Outcome Run(const std::string& command) const {
+  Outcome Run(const std::string& command, int exitStatus = 0) const {
     Outcome outcome = RunProgram(
         {"--json", "--lang", "ids", "--machine", (folder.path / "machine.json").string(),
          "--data-dir", (folder.path / "data").string(), "--app-dir", (folder.path / "app").string(),
          "--system-root", (folder.path / "system").string(), command});
-    EXPECT_EQ(outcome.exitStatus, 0);
+    EXPECT_EQ(outcome.exitStatus, exitStatus);
     EXPECT_EQ(outcome.errors, "");
     return outcome;
   }
@@ -86,12 +86,10 @@ TEST_F(ConfigurationTest, AnUnusableListOffersNothingAndSaysSoInTheLogAlone) {
     EXPECT_EQ(Run("list").output, "");
     EXPECT_EQ(Count(Log(), "ERROR"), fault.logged.empty() ? 0u : 1u) << Log();
     EXPECT_NE(Log().find(fault.logged), std::string::npos) << Log();
-    const std::string run = Run("run").output;
-    EXPECT_TRUE(
-        run.starts_with(R"({"type":"finished","abnormal":0,"firstAbnormal":-1})"
-                        "\n"
-                        R"({"type":"record","cells":[-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,0,0,)"))
-        << run;
+    for (const char* command : {"run", "check"})
+      EXPECT_EQ(Run(command, 4).output,
+                R"({"type":"failed","error":"IDS_HARDWARE_TERMINAL_NOTHING_OFFERED()" + file +
+                    R"x()","verdict":"notTested"})x" + "\n");
   }
 }
 
@@ -100,10 +98,12 @@ TEST_F(ConfigurationTest, AnUnknownCategoryCountsAsNormalAndLeavesNoMark) {
   EXPECT_EQ(Count(Run("list").output, R"("caption":"","deviceSummary":"","deviceDetail":"")"), 2u);
   EXPECT_EQ(Run("info").output, "");
   const std::string run = Run("run").output;
-  EXPECT_TRUE(
-      run.starts_with(R"({"type":"finished","abnormal":0,"firstAbnormal":-1})"
-                      "\n"
-                      R"({"type":"record","cells":[-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,2,0,)"))
+  EXPECT_TRUE(run.starts_with(
+      R"({"type":"category","category":-1,"verdict":"notTested","reason":"IDS_HARDWARE_TERMINAL_NOTHING_TO_TEST"}
+{"type":"category","category":12,"verdict":"notTested","reason":"IDS_HARDWARE_TERMINAL_NOTHING_TO_TEST"}
+{"type":"finished","abnormal":0,"firstAbnormal":-1,"verdict":"notTested"})"
+      "\n"
+      R"({"type":"record","cells":[-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,-1,2,0,)"))
       << run;
 }
 

@@ -34,6 +34,10 @@ class ExitStatusTest : public testing::Test {
 
 constexpr const char* kLastUntested = "-1,-1,-1,-1,-1,-1,-1,-1,-1,1,0,";
 
+const std::string kKnownCategories =
+    "; give a number from 0 to 11 or one of audio, motherboard, bluetooth, network, processor, "
+    "memory, disk, graphics, display, battery, keyboard, fingerprint";
+
 constexpr const char* kMemoryThenProcessor =
     "<sysdiagnose><DetectItem id='5' name='' description=''/>"
     "<DetectItem id='4' name='' description=''/></sysdiagnose>";
@@ -58,10 +62,11 @@ TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
       {"{}", {"fly"}, "unknown command or option \"fly\"; see sysdiagnose --help"},
       {"{}", {"list", "--fly", "a"}, "unknown command or option \"--fly\"; see sysdiagnose --help"},
       {"{}", {"fly\n\x1b[2J"}, "unknown command or option \"fly??[2J\"; see sysdiagnose --help"},
-      {"{}",
-       {"run", "memory", "4x"},
-       "unknown category \"4x\"; give a number or one of audio, motherboard, bluetooth, network, "
-       "processor, memory, disk, graphics, display, battery, keyboard, fingerprint"},
+      {"{}", {"run", "memory", "4x"}, "unknown category \"4x\"" + kKnownCategories},
+      {"{}", {"--json", "run", "12"}, "unknown category \"12\"" + kKnownCategories},
+      {"{}", {"run", "99999999999"}, "unknown category \"99999999999\"" + kKnownCategories},
+      {"{}", {"run", "-1"}, "unknown category \"-1\"" + kKnownCategories},
+      {"{}", {"--lang", "xx", "list"}, "unknown language \"xx\"; give one of en-US, zh-CN, ids"},
       {"{}",
        {"history", "--count", "0"},
        "--count: Value 0 not in range 1 to 100000; see sysdiagnose --help"},
@@ -96,13 +101,81 @@ TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
   EXPECT_EQ(History(), "");
 }
 
+TEST_F(ExitStatusTest, InformationThatCannotBeReadLeavesTheOtherCategoriesTheirs) {
+  const auto machine = Machine(R"({"info":{"CKeyBoard":{"GetKeyBoardName":"Keys"}},
+      "tests":{"CAudioDetect::CheckDevice":{"throws":"library fault"}}})");
+  const Outcome outcome = RunProgram(Words(machine, {"info", "audio", "keyboard"}));
+  EXPECT_EQ(outcome.exitStatus, 4);
+  const std::vector<std::string> lines = Lines(outcome.output);
+  ASSERT_EQ(lines.size(), 2u) << outcome.output;
+  EXPECT_EQ(lines[0], R"({"type":"failed","id":0,"error":"library fault"})");
+  EXPECT_NE(lines[1].find("Keys"), std::string::npos);
+}
+
 TEST_F(ExitStatusTest, AFaultyDiskIsSomethingAbnormalThoughItsCategoryIsNormal) {
   const auto machine = Machine(R"({"info":{"CDisk":{"GetCaption":["Disk"]}},
       "tests":{"CDiskFaultDetect::CheckHhdSmartResult":{"flags":[0,1]}}})");
   const Outcome outcome = RunProgram(Words(machine, {"run", "disk"}));
   EXPECT_EQ(outcome.exitStatus, 1);
-  EXPECT_NE(outcome.output.find(R"({"type":"finished","abnormal":0,"firstAbnormal":-1})"),
+  EXPECT_NE(outcome.output.find(R"("abnormal":0,"firstAbnormal":-1,"verdict":"abnormal"})"),
             std::string::npos);
+}
+
+// Nothing abnormal is known, but neither is anything normal.
+TEST_F(ExitStatusTest, WhatCouldNotBeTestedIsNotNormal) {
+  const struct {
+    const char* machine;
+    std::vector<std::string> categories;
+    int exitStatus;
+    std::string verdicts;  // of the categories and the run
+  } cases[] = {
+      {R"({"info":{"CDisk":{"GetCaption":["A","B"]}},
+           "tests":{"CDiskFaultDetect::CheckHhdSmartResult":[2,1]}})",
+       {"disk", "display"},
+       5,
+       "notTested normal notTested"},
+      {R"({"tests":{"CBatteryDetect::TestVoltage":{"notTested":"no right"}}})",
+       {"battery"},
+       5,
+       "notTested notTested"},
+      {R"({"tests":{"CBatteryDetect::TestLoss":{"notTested":"no right"}}})",
+       {"battery"},
+       5,
+       "notTested notTested"},
+      {R"({"tests":{"CBatteryDetect::TestVoltage":{"notTested":"no right"},
+                    "CBatteryDetect::TestLoss":4}})",
+       {"battery", "disk"},
+       1,
+       "abnormal notTested abnormal"},
+      {R"({"tests":{"CCpuTest::IsSupportSSE":false,"CCpuTest::IsSupportSSE2":false,
+                    "CCpuTest::IsSupportSSSE3":false,"CCpuTest::IsSupportSSE41":false,
+                    "CCpuTest::IsSupportSSE42":false}})",
+       {"processor"},
+       5,
+       "notTested notTested"},
+      {R"({"tests":{"CCpuTest::TestSSE":{"throws":"library fault"}}})",
+       {"display", "processor", "keyboard"},
+       4,
+       "normal notTested notTested"},
+      {"{}", {"keyboard", "keyboard"}, 0, "normal normal normal"},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.machine);
+    std::vector<std::string> command{"run"};
+    command.insert(command.end(), each.categories.begin(), each.categories.end());
+    const Outcome outcome = RunProgram(Words(Machine(each.machine), command));
+    EXPECT_EQ(outcome.exitStatus, each.exitStatus);
+    std::string verdicts;
+    for (const std::string& line : Lines(outcome.output)) {
+      const std::size_t verdict = line.find(R"("verdict":")");
+      if (verdict == std::string::npos || line.find("itemResult") != std::string::npos) continue;
+      const std::size_t word = verdict + 11;
+      verdicts += (verdicts.empty() ? "" : " ") + line.substr(word, line.find('"', word) - word);
+    }
+    EXPECT_EQ(verdicts, each.verdicts) << outcome.output;
+  }
+  EXPECT_EQ(RunProgram(Words(Machine(cases[1].machine), {"run"})).exitStatus, 0)
+      << "nobody asked for the battery by name";
 }
 
 TEST_F(ExitStatusTest, AnInterruptLetsTheCategoryEndAndKeepsWhatWasTested) {
@@ -117,13 +190,13 @@ TEST_F(ExitStatusTest, AnInterruptLetsTheCategoryEndAndKeepsWhatWasTested) {
   EXPECT_EQ(outcome.exitStatus, 3);
   EXPECT_EQ(outcome.errors, "");
   const std::vector<std::string> lines = Lines(outcome.output);
-  ASSERT_EQ(lines.size(), 9u * 2 + 2);
+  ASSERT_EQ(lines.size(), 9u * 2 + 3);
   EXPECT_NE(lines[17].find("MEM_BIT_FLIP\",\"normal\":true"), std::string::npos);
-  EXPECT_EQ(lines[18], R"({"type":"cancelled"})");
+  EXPECT_EQ(lines[19], R"({"type":"cancelled","verdict":"notTested"})");
   EXPECT_TRUE(
-      lines[19].starts_with(R"({"type":"record","cells":[-1,-1,0,)" + std::string(kLastUntested)))
-      << lines[19];
-  EXPECT_EQ(R"({"type":"record",)" + History().substr(1), lines[19] + "\n");
+      lines[20].starts_with(R"({"type":"record","cells":[-1,-1,0,)" + std::string(kLastUntested)))
+      << lines[20];
+  EXPECT_EQ(R"({"type":"record",)" + History().substr(1), lines[20] + "\n");
   EXPECT_EQ(Data("messages.jsonl"), "");
 }
 
@@ -141,7 +214,7 @@ TEST_F(ExitStatusTest, AnInterruptEndsAScanAfterItsCategory) {
   const Outcome outcome = program.Wait();
   EXPECT_EQ(outcome.exitStatus, 3);
   EXPECT_EQ(outcome.errors, "");
-  EXPECT_EQ(Lines(outcome.output).back(), R"({"type":"ended"})");
+  EXPECT_EQ(Lines(outcome.output).back(), R"({"type":"cancelled"})");
   EXPECT_NE(outcome.output.find(R"("value":"last")"), std::string::npos);
   EXPECT_EQ(outcome.output.find(R"("category":4)"), std::string::npos);
 }
@@ -155,7 +228,8 @@ TEST_F(ExitStatusTest, AnInterruptEndsACheckAfterItsCategory) {
   const Outcome outcome = program.Wait();
   EXPECT_EQ(outcome.exitStatus, 3);
   EXPECT_EQ(outcome.errors, "");
-  EXPECT_NE(Lines(outcome.output).back().find(R"("state":2,)"), std::string::npos);
+  EXPECT_EQ(Lines(outcome.output).back(), R"({"type":"cancelled","verdict":"notTested"})");
+  EXPECT_NE(outcome.output.find(R"("state":2,)"), std::string::npos);
   EXPECT_EQ(outcome.output.find(R"("category":4)"), std::string::npos);
   EXPECT_EQ(History(), "");
 }
@@ -180,9 +254,9 @@ TEST_F(ExitStatusTest, ATestThatThrowsFailsTheRunAndLeavesTheDataUsable) {
   EXPECT_EQ(failed.exitStatus, 4);
   EXPECT_EQ(failed.errors, "");
   const std::vector<std::string> lines = Lines(failed.output);
-  ASSERT_EQ(lines.size(), 3u * 2 + 1);
-  EXPECT_NE(lines[5].find("BAT_VOLTAGE\",\"normal\":true"), std::string::npos);
-  EXPECT_EQ(lines[6], R"({"type":"failed","error":"library\nfault"})");
+  ASSERT_EQ(lines.size(), 3u * 2 + 3);
+  EXPECT_NE(lines[6].find("BAT_VOLTAGE\",\"normal\":true"), std::string::npos);
+  EXPECT_EQ(lines[8], R"({"type":"failed","error":"library\nfault","verdict":"notTested"})");
   EXPECT_EQ(History(), "");
   EXPECT_EQ(Data("messages.jsonl"), "");
   EXPECT_EQ(Lines(Data("events.jsonl")).size(), 1u);

@@ -1,6 +1,8 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "common/path_text.h"
 #include "tests/cli/program.h"
 #include "tests/support/temporary_folder.h"
@@ -45,7 +47,7 @@ TEST_F(KeptRunTest, TheProgramAndTheReportSayWhyTheStoreRefusedTheRow) {
   EXPECT_EQ(text.exitStatus, 2);
   EXPECT_THAT(text.output, HasSubstr("The run could not be kept: " + common::PathText(store) +
                                      ": no <more> rows\n"));
-  EXPECT_THAT(text.output, Not(HasSubstr("kept as")));
+  EXPECT_THAT(text.output, Not(HasSubstr("Kept as")));
   EXPECT_THAT(ReadText(page), HasSubstr(": no &lt;more&gt; rows"));
   EXPECT_THAT(ReadText(page), HasSubstr("class=\"notice bad\""));
 
@@ -86,6 +88,86 @@ TEST_F(KeptRunTest, ARowThatSomebodyElseChangedIsNamedAndCannotTakeTheTerminalOv
                     HasSubstr("cell 9 (Battery) is not a 64-bit integer\n")));
 }
 
+TEST_F(KeptRunTest, WhatTheLastRunFoundAbnormalIsTestedAgain) {
+  const std::string machine = R"({"info":{"CDisk":{"GetCaption":["A"]}},"tests":{
+      "CDiskFaultDetect::CheckHhdSmartResult":{"flags":[1]},"CBatteryDetect::TestLoss":4}})";
+  EXPECT_EQ(Run(machine, {"run", "--failed"}).errors, "sysdiagnose: no earlier run is known\n");
+  Run(machine, {"run", "display", "disk", "battery"});
+  const Outcome again = Run(machine, {"--json", "run", "--failed"});
+  EXPECT_EQ(again.exitStatus, 1);
+  EXPECT_THAT(again.output, AllOf(HasSubstr(R"("category":6)"), HasSubstr(R"("category":9)"),
+                                  Not(HasSubstr(R"("category":8)"))));
+  EXPECT_EQ(Run(machine, {"run", "--failed", "disk"}).exitStatus, 2);
+  EXPECT_EQ(Run(kNormal, {"run", "--failed"}).exitStatus, 5) << "the disk is gone";
+  EXPECT_EQ(Run(kNormal, {"run", "--failed"}).exitStatus, 2) << "nothing was abnormal";
+
+  const std::string all = Run(kNormal, {"history", "--all"}).output;
+  EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 3) << all;
+  EXPECT_THAT(all, HasSubstr("Normal 1, Abnormal 2, 3 of 12 tested: Disk, Battery\n"));
+  EXPECT_THAT(all, HasSubstr("Normal 1, Abnormal 0, Could not be tested 1, 2 of 12 tested\n"));
+}
+
+TEST_F(KeptRunTest, ACancelledRunTellsHowFarItCameAndCanBeResumed) {
+  const std::string slow = R"({"tests":{"CMemFaultDetect::CheckLineSeq":{"delayMs":300}}})";
+  WriteText(folder.path / "machine.json", slow);
+  Program program({"--json", "--machine", (folder.path / "machine.json").string(), "--data-dir",
+                   store.parent_path().string(), "run", "memory", "display", "keyboard"});
+  ASSERT_TRUE(program.ReadUntil("itemStart"));
+  program.Interrupt();
+  EXPECT_EQ(program.Wait().exitStatus, 3);
+  EXPECT_THAT(
+      Run(slow, {"history"}).output,
+      HasSubstr("Normal 1, Abnormal 0, Could not be tested 2, 1 of 12 tested, cancelled\n"));
+  const Outcome rest = Run(slow, {"run", "--resume"});
+  EXPECT_EQ(rest.exitStatus, 0);
+  EXPECT_THAT(rest.output, AllOf(testing::StartsWith("Display\n"), HasSubstr("\nKeyboard\n"),
+                                 Not(HasSubstr("Memory"))));
+  EXPECT_EQ(Run(slow, {"run", "--resume"}).exitStatus, 2);
+}
+
+// Lines of the program's own file that are damaged lose only themselves.
+TEST_F(KeptRunTest, ADamagedLogOfTheRunsIsPassedOver) {
+  Run(kAbnormal, {"run", "battery"});
+  const std::filesystem::path log = store.parent_path() / "runs.jsonl";
+  const std::string good = ReadText(log);
+  WriteText(log,
+            "{\"secondTime\":1}\nnot json\n" + good +
+                R"({"secondTime":1,"end":"finished","categories":[{"category":9,"verdict":"ill",)" +
+                "\n" + good.substr(0, good.size() / 2));
+  const Outcome again = Run(kAbnormal, {"--json", "run", "--failed"});
+  EXPECT_EQ(again.exitStatus, 1);
+  EXPECT_THAT(again.output, HasSubstr(R"("category":9)"));
+}
+
+TEST_F(KeptRunTest, AnItemIsMadeAloneAndLeavesNoTrace) {
+  const std::string machine = R"({"info":{"CDisk":{"GetCaption":["A","B"]}},"tests":{
+      "CDiskFaultDetect::CheckHhdSmartResult":[1,2],"CMemFaultDetect::CheckBoard":7,
+      "CBatteryDetect::TestVoltage":{"notTested":"no right"}}})";
+  const struct {
+    std::vector<std::string> words;
+    int exitStatus;
+    std::string shown;
+  } cases[] = {
+      {{"memory/CheckBoard"}, 1, "CheckBoard"},
+      {{"memory/CheckRandom", "memory/CheckBitFlip"}, 0, "CheckBitFlip"},
+      {{"battery/TestVoltage"}, 5, "no right"},
+      {{"disk/CheckHhdSmartResult"}, 5, "CheckHhdSmartResult B"},
+      {{"memory/TestVoltage"}, 2, ""},
+      {{"display/CheckBoard"}, 2, ""},
+      {{"memory/CheckRandom", "memory"}, 2, ""},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.words[0]);
+    std::vector<std::string> command{"run"};
+    command.insert(command.end(), each.words.begin(), each.words.end());
+    const Outcome outcome = Run(machine, command);
+    EXPECT_EQ(outcome.exitStatus, each.exitStatus) << outcome.errors;
+    EXPECT_THAT(outcome.output, HasSubstr(each.shown));
+  }
+  EXPECT_THAT(Run(kNormal, {"history", "--all"}).output, HasSubstr("No run"));
+  EXPECT_EQ(ReadText(store.parent_path() / "events.jsonl"), "");
+}
+
 TEST_F(KeptRunTest, ADamagedStoreIsNamedAndTheRunIsKeptInANewOne) {
   WriteText(store, "no store, and long enough to tell");
   const Outcome history = Run(kNormal, {"history"});
@@ -96,12 +178,12 @@ TEST_F(KeptRunTest, ADamagedStoreIsNamedAndTheRunIsKeptInANewOne) {
   WriteText(store, "no store either, and long enough to tell");
   const Outcome run = Run(kNormal, {"run", "battery"});
   EXPECT_EQ(run.exitStatus, 0);
-  EXPECT_THAT(run.output, HasSubstr("kept as"));
+  EXPECT_THAT(run.output, HasSubstr("Kept as"));
   EXPECT_THAT(run.errors, HasSubstr("store.db.damaged-"));
   const Outcome next = Run(kNormal, {"history"});
   EXPECT_EQ(next.exitStatus, 0);
   EXPECT_EQ(next.errors, "");
-  EXPECT_THAT(next.output, HasSubstr("1 normal"));
+  EXPECT_THAT(next.output, HasSubstr("Normal 1"));
 }
 
 TEST_F(KeptRunTest, ACancelledRunThatIsLostStaysACancelledOne) {
@@ -114,7 +196,9 @@ TEST_F(KeptRunTest, ACancelledRunThatIsLostStaysACancelledOne) {
   program.Interrupt();
   const Outcome outcome = program.Wait();
   EXPECT_EQ(outcome.exitStatus, 3);
-  EXPECT_THAT(outcome.output, HasSubstr("{\"type\":\"cancelled\"}\n{\"type\":\"record\""));
+  EXPECT_THAT(
+      outcome.output,
+      HasSubstr("{\"type\":\"cancelled\",\"verdict\":\"notTested\"}\n{\"type\":\"record\""));
   EXPECT_THAT(outcome.output, HasSubstr("{\"type\":\"notKept\""));
 }
 

@@ -53,6 +53,7 @@ TEST_F(RepairCommandTest, ScanShowsRowsAndEndsWithTheLastItemOfTheList) {
 {"type":"row","category":7,"label":"","value":"","kind":1}
 {"type":"row","category":10,"label":"","value":"","kind":1}
 {"type":"complete","category":15}
+{"type":"finished"}
 )");
   EXPECT_THAT(ReadText(folder.path / "data/events.jsonl"),
               HasSubstr(R"("id":620000010,"payload":"1,0,0")"));
@@ -94,8 +95,7 @@ TEST_F(RepairCommandTest, NothingIsTouchedUnlessSomebodyAgrees) {
   const Outcome outcome = Run({"run", "graphics", "--repair"});
   EXPECT_EQ(outcome.exitStatus, 1);
   EXPECT_EQ(outcome.output.find("categoryStart"), std::string::npos);
-  EXPECT_EQ(outcome.errors,
-            "sysdiagnose: nothing is repaired: give --yes, or answer on a terminal\n");
+  EXPECT_EQ(outcome.errors, "sysdiagnose: IDS_HARDWARE_TERMINAL_NOBODY_AGREES\n");
   EXPECT_EQ(Run({"run", "--yes"}).exitStatus, 2);
 }
 
@@ -115,6 +115,10 @@ TEST_F(RepairCommandTest, CheckPrintsEachSummaryAndRepairsWithoutAHistoryRow) {
   EXPECT_EQ(count(R"("repairable":true,"selected":true,"category":7})"), 4);
   EXPECT_THAT(outcome.output,
               HasSubstr(R"("description":"{f 16}{c #7F7F7F}Sample CPU{/f}{/c}","state":1)"));
+  EXPECT_THAT(
+      outcome.output,
+      testing::EndsWith(R"({"type":"finished","abnormal":1,"firstAbnormal":2,"verdict":"abnormal"})"
+                        "\n"));
   EXPECT_EQ(Run({"history"}).output, "");
 }
 

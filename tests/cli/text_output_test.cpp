@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <sstream>
 
 #include "tests/cli/program.h"
 #include "tests/support/temporary_folder.h"
@@ -10,7 +11,7 @@ namespace {
 class TextOutputTest : public testing::Test {
  protected:
   std::string Show(const std::string& machine, const std::vector<std::string>& command) const {
-    std::vector<std::string> words{"--lang", "ids",        "--machine",
+    std::vector<std::string> words{"--lang", "en-US",      "--machine",
                                    machine,  "--data-dir", folder.path.string()};
     words.insert(words.end(), command.begin(), command.end());
     const Outcome outcome = RunProgram(words);
@@ -43,23 +44,26 @@ TEST_F(TextOutputTest, ARunNamesEveryDiskAndEveryAbnormalCategory) {
                "CBatteryDetect::TestLoss":4}})");
   const std::string text = Show(machine, {"run", "battery", "disk"});
   const auto start =
-      "IDS_HARDWARE_DETECT_BATTERY\n"
-      "  ok        IDS_HARDWARE_DIAGNOSE_NETCARD_DEVICE\n"
-      "  ok        IDS_HARDWARE_DIAGNOSE_BAT_VOLTAGE\n"
-      "IDS_HARDWARE_DETECT_DISK\n"
+      "Battery\n"
+      "  Device present                        Normal\n"
+      "  Battery voltage                       Normal\n"
+      "Disk\n"
       "  Disk ?[2J\n"
-      "  ok        IDS_HARDWARE_DIAGNOSE_DISK_01\n"
-      "  ABNORMAL  IDS_HARDWARE_DIAGNOSE_DISK_03\n";
+      "  Read error rate                       Normal\n"
+      "  Spin-up time                          Abnormal\n";
   const auto end =
-      "  ok        IDS_HARDWARE_DIAGNOSE_DISK_F2\n"
-      "  Other  (could not be tested)\n"
+      "  Data read (LBA)                       Normal\n"
+      "  Other                                 Could not be tested\n"
       "\n"
       "What needs attention:\n"
-      "  IDS_HARDWARE_DETECT_DISK\n"
-      "    Disk ?[2J, IDS_HARDWARE_DIAGNOSE_DISK_03\n"
-      "  IDS_HARDWARE_DETECT_BATTERY\n"
+      "  Battery\n"
+      "    The battery holds much less than when it was new. Have it replaced.\n"
+      "  Disk\n"
+      "    Disk ?[2J, Spin-up time: The moving parts of the disk are failing. Back up\n"
+      "    your data now, do not move the computer while it runs, and have the disk\n"
+      "    replaced.\n"
       "\n"
-      "Categories: 1 normal, 1 abnormal. ";
+      "Categories: Normal 0, Abnormal 2\n";
   EXPECT_TRUE(text.starts_with(start)) << text;
   EXPECT_NE(text.find(end), std::string::npos) << text;
 }
@@ -73,18 +77,75 @@ TEST_F(TextOutputTest, WhatALibrarySaysStandsBelowItsLineWithinEightyColumns) {
                "CMemFaultDetect::CheckBitFlip":{"code":1,
                    "text":"memory at offset 0x1234567890 reads 0xaaaaaaaaaaaaaaab instead of another"}}})");
   const std::string text = Show(machine, {"run", "disk", "memory", "processor"});
-  const std::string line = "            ";
-  for (const std::string& part :
-       {"  Disk A  (could not be tested)\n  Disk B\n" + line +
-            "could not be tested: no right\n  Disk C\n  ABNORMAL  IDS_HARDWARE_DIAGNOSE_DISK_01\n" +
-            line + "read only\n  ABNORMAL  IDS_HARDWARE_DIAGNOSE_DISK_03\n  ok",
-        "MEM_BIT_FLIP\n" + line +
-            "memory at offset 0x1234567890 reads 0xaaaaaaaaaaaaaaab instead of\n" + line +
-            "another\n",
-        std::string("    Disk C, IDS_HARDWARE_DIAGNOSE_DISK_01\n      read only\n"
-                    "    Disk C, IDS_HARDWARE_DIAGNOSE_DISK_03\n")})
+  for (const std::string part :
+       {"  Disk A                                Could not be tested\n"
+        "  Disk B                                Could not be tested\n"
+        "    no right\n"
+        "  Disk C\n"
+        "  Read error rate                       Abnormal\n"
+        "    read only\n"
+        "  Spin-up time                          Abnormal\n"
+        "  Starts and stops                      Normal\n",
+        "    memory at offset 0x1234567890 reads 0xaaaaaaaaaaaaaaab instead of another\n",
+        "    Disk C, Read error rate: Parts of the disk can no longer be read or written\n"
+        "    safely. Back up your data now and have the disk replaced.\n"
+        "      read only\n"
+        "    Disk C, Spin-up time: "})
     EXPECT_NE(text.find(part), std::string::npos) << part << text;
   EXPECT_EQ(text.find("fast"), std::string::npos) << text;
+}
+
+// With one fault at each test in turn: all items of all categories.
+TEST_F(TextOutputTest, EveryAbnormalRowSaysWhatItsOwnerCanDo) {
+  const std::string machine = (folder.path / "machine.json").string();
+  const std::string flags = "1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1";
+  WriteText(machine, R"({"info":{"CDisk":{"GetCaption":["A","B"],"JudgeSSd":[true]}},"tests":{
+      "CDiskFaultDetect::CheckSsdSmartResult":{"code":0,"flags":[)" +
+                         flags + R"(]},
+      "CDiskFaultDetect::CheckHhdSmartResult":{"code":0,"flags":[)" +
+                         flags + R"(,1,1]},
+      "CMemFaultDetect::CheckStuckAddr":-4,"CMemFaultDetect::CheckBoard":7,
+      "CVideoCardDetect::CheckDevice":[0,1],"CVideoCardDetect::CheckDeviceStatus":[2,0],
+      "CAudioDetect::CheckLoopBack":9,"WifiFaultDetect::CheckNetworkCard":3,
+      "WifiFaultDetect::CheckWifiSwitch":4,"WifiFaultDetect::CheckWifiSignal":5,
+      "CBatteryDetect::TestVoltage":6,"CKeyBoardDetect::DetetctFilterKey":1,
+      "CKeyBoardDetect::DetetctHotKey":1,"CBluetoothDetect::CheckState":1}})");
+  const std::string text = Show(machine, {"--json", "run"});
+  int abnormal = 0;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.find(R"("verdict":"abnormal")") == std::string::npos ||
+        line.find("itemResult") == std::string::npos)
+      continue;
+    ++abnormal;
+    const bool isAboutMemory = line.find(R"("category":5)") != std::string::npos;
+    const bool hasHint = line.find(R"("hint":"")") == std::string::npos;
+    EXPECT_TRUE((hasHint && !isAboutMemory) || line.find(R"("advice":")") != std::string::npos)
+        << line;
+  }
+  EXPECT_EQ(abnormal, 22 + 24 + 2 + 1 + 1 + 3 + 1 + 2 + 1) << text;
+  EXPECT_EQ(text.find(":\"IDS_"), std::string::npos) << "an id without a text";
+
+  const std::string shown = Show(machine, {"run", "memory"});
+  EXPECT_NE(shown.find("then test each"), std::string::npos) << shown;
+  EXPECT_EQ(shown.find("battery"), std::string::npos) << "a hint about another device: " << shown;
+}
+
+// One advice for what several tests of a device ask for.
+TEST_F(TextOutputTest, WhatNeedsAttentionIsSaidOnce) {
+  const std::string machine = (folder.path / "machine.json").string();
+  WriteText(machine, R"({"info":{"CMemory":{"GetPartNumberbyIndex":["M1"]}},
+      "tests":{"CMemFaultDetect::CheckBoard":7,"CMemFaultDetect::CheckRandom":9,
+               "CBatteryDetect::CheckDevice":1}})");
+  const std::string text = Show(machine, {"check"});
+  EXPECT_NE(text.find("  Memory\n    M1, Pseudo-random values, Checkerboard: Save your work"),
+            std::string::npos)
+      << text;
+  for (const char* sentence : {"Switch the computer off", "No battery was found."}) {
+    const std::size_t at = text.find(sentence);
+    EXPECT_NE(at, std::string::npos) << text;
+    EXPECT_EQ(text.find(sentence, at + 1), std::string::npos) << text;
+  }
 }
 
 }  // namespace

@@ -3,9 +3,14 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <csignal>
+
 namespace os {
 
-void PrepareOutput() {}  // it is so already
+// It is so already, but for a reader that goes away: that ends a write, not the program.
+void PrepareOutput() {
+  std::signal(SIGPIPE, SIG_IGN);
+}
 
 bool OutputIsTerminal() {
   return isatty(STDOUT_FILENO) == 1;
