@@ -6,6 +6,7 @@
 
 #include "cli/report_file.h"
 #include "common/path_option.h"
+#include "platform/machine/interface/parts.h"
 #include "startup/command_line.h"
 
 namespace cli {
@@ -15,9 +16,7 @@ using common::AddPathOption;
 using orv::sysdiagnose::enmHardwareID;
 
 // By category id.
-constexpr auto kCategoryNames = std::to_array<std::string_view>(
-    {"audio", "motherboard", "bluetooth", "network", "processor", "memory", "disk", "graphics",
-     "display", "battery", "keyboard", "fingerprint"});
+constexpr const auto& kCategoryNames = machine::kPartNames;
 static_assert(kCategoryNames.size() == orv::sysdiagnose::kHardwareIdCount);
 
 std::string AllNames() {

@@ -7,6 +7,7 @@
 #include "cli/commands.h"
 #include "cli/interruptible.h"
 #include "cli/json_line.h"
+#include "cli/left_out.h"
 #include "cli/repair_choice.h"
 #include "cli/terminal_text.h"
 #include "common/protocol/ipc_serialize.h"
@@ -111,6 +112,7 @@ int RunCheck(const Arguments& arguments) {
                  Printable(common::Utf8ToWide(error)).c_str());
   };
   QuietRuns runs;
+  runs.TestOnly(CategoriesToTest(arguments));
   Interruptible interruptible;
   runs.BeginDetection({}, {}, failed);
   interruptible.Cancels([&] {

@@ -4,6 +4,7 @@
 #include "cli/commands.h"
 #include "cli/interruptible.h"
 #include "cli/item_teller.h"
+#include "cli/left_out.h"
 #include "cli/repair_choice.h"
 #include "cli/report_file.h"
 #include "cli/run_printer.h"
@@ -134,9 +135,9 @@ class Diagnosis {
 }  // namespace
 
 int RunDiagnosis(const Arguments& arguments) {
-  const std::vector<enmHardwareID> selection = SelectedCategories(arguments);
   DetectCatalogue::Instance();
   concurrency::wait_until_idle();  // the summary then carries the device texts
+  const std::vector<enmHardwareID> selection = CategoriesToTest(arguments);
 
   std::unique_ptr<RunPrinter> printer =
       arguments.json ? MakeJsonRunPrinter() : MakeTextRunPrinter(selection);

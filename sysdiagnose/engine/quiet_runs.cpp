@@ -1,5 +1,6 @@
 #include "sysdiagnose/engine/quiet_runs.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -59,8 +60,8 @@ QuietRuns::QuietRuns() : state(std::make_shared<State>()) {}
 
 void QuietRuns::BeginDetection(CategoryResultCallback categoryResult, EndedCallback ended,
                                RunTask::FailedCallback failed) {
-  Begin([stop = stops.Begin(), categoryResult = std::move(categoryResult)](
-            State& run) { run.Detect(stop, categoryResult); },
+  Begin([stop = stops.Begin(), categoryResult = std::move(categoryResult),
+         only = chosen](State& run) { run.Detect(stop, categoryResult, only); },
         std::move(ended), std::move(failed));
 }
 
@@ -92,13 +93,14 @@ void QuietRuns::State::Post() const {
 }
 
 void QuietRuns::State::Detect(const RunStops::Token& stop,
-                              const CategoryResultCallback& categoryResult) {
+                              const CategoryResultCallback& categoryResult, const Choice& chosen) {
   items.clear();
   repairs.clear();
   BeginRun(objects);
   const std::vector<tagDetectItem> snapshot = DetectCatalogue::Instance().items;
   for (const tagDetectItem& item : snapshot) {
     if (stop.IsRequested()) break;
+    if (chosen && std::ranges::count(*chosen, item.id) == 0) continue;
     const bool normal = DetectCategory(item);
     if (categoryResult) categoryResult(item.id, normal);
     Pause(kAfterCategory);

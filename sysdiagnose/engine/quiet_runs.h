@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "sysdiagnose/base/run_stops.h"
@@ -22,6 +24,9 @@ class QuietRuns {
 
   QuietRuns();
 
+  /// Has later detections test these of the offered categories alone.
+  void TestOnly(std::vector<enmHardwareID> categories) { chosen = std::move(categories); }
+
   /// Tests all offered categories in catalogue order, and ends with one last summary. All callbacks
   /// may be empty.
   void BeginDetection(CategoryResultCallback categoryResult, EndedCallback ended,
@@ -41,13 +46,16 @@ class QuietRuns {
   const RepairMap& OfferedRepairs() const { return state->repairs; }
 
  private:
+  using Choice = std::optional<std::vector<enmHardwareID>>;  // none: all
+
   struct State {
     std::vector<DetectListEntry> items;
     RepairMap repairs;
     TestObjects objects;
 
     void Post() const;
-    void Detect(const RunStops::Token& stop, const CategoryResultCallback& categoryResult);
+    void Detect(const RunStops::Token& stop, const CategoryResultCallback& categoryResult,
+                const Choice& chosen);
     bool DetectCategory(const tagDetectItem& item);
     void Repair(const std::vector<enmHardwareID>& categories);
     void RepairCategory(enmHardwareID category);
@@ -57,6 +65,7 @@ class QuietRuns {
   void Begin(std::function<void(State&)> body, EndedCallback ended, RunTask::FailedCallback failed);
 
   std::shared_ptr<State> state;
+  Choice chosen;
   RunStops stops;
   RunTask task;
 };

@@ -7,6 +7,7 @@
 
 #include "platform/machine/interface/calls.h"
 #include "platform/machine/interface/inventory.h"
+#include "platform/machine/interface/parts.h"
 #include "platform/os/export.h"
 
 namespace machine {
@@ -58,6 +59,9 @@ class UTIL_API Machine {
     (void)root, (void)key, (void)name;
     return std::nullopt;
   }
+
+  /// What the machine is built without, so that it is no fault that it is not there.
+  virtual std::vector<Part> NotFitted() { return {}; }
 
   /// What tells described machines apart; equal descriptions have the same.
   virtual std::string Identity() { return {}; }

@@ -5,6 +5,7 @@
 #include "common/log.h"
 #include "common/text.h"
 #include "platform/machine/live/child_call.h"
+#include "platform/machine/live/fitting.h"
 
 namespace machine {
 namespace {
@@ -62,6 +63,11 @@ RepairAnswer LiveMachine::Repair(RepairCall call, std::size_t, std::uint32_t cod
   if (guarded && row->limit != CallLimit::None)
     return RepairInChild(call, code, LimitOf(row->limit));
   return row->run(code);
+}
+
+std::vector<Part> LiveMachine::NotFitted() {
+  const Devices& known = ReadOnce();
+  return FindNotFitted(known.firmware, known.answers);
 }
 
 const Devices& LiveMachine::ReadOnce() {

@@ -22,6 +22,7 @@ class LiveMachine : public Machine {
   TestAnswer Test(TestCall call, std::size_t ordinal, int disk) override;
   bool IsSupported(SupportCall call) override;
   RepairAnswer Repair(RepairCall call, std::size_t ordinal, std::uint32_t code) override;
+  std::vector<Part> NotFitted() override;
 
  private:
   const Devices& ReadOnce();

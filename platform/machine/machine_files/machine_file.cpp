@@ -17,6 +17,15 @@ void ReadShelf(const JsonNode& section, Recording& recording) {
   for (const JsonNode& key : section.Elements()) keys.push_back(key.Utf8());
 }
 
+void ReadNotFitted(const JsonNode& section, Recording& recording) {
+  for (const JsonNode& name : section.Elements()) {
+    const std::optional<Part> part = PartOfName(name.Utf8());
+    if (!part) name.Fail("unknown category");
+    if (std::ranges::count(recording.notFitted, *part) > 0) name.Fail("given twice");
+    recording.notFitted.push_back(*part);
+  }
+}
+
 void ReadRegistry(const JsonNode& section, Recording& recording) {
   for (const JsonNode& root : section.Members()) {
     for (const JsonNode& key : root.Members()) {
@@ -38,6 +47,7 @@ constexpr auto kSections = std::to_array<SectionRow>({
     {"product",
      [](const JsonNode& section, Recording& recording) { recording.product = section.Text(); }},
     {"shelf", ReadShelf},
+    {"notFitted", ReadNotFitted},
     {"registry", ReadRegistry},
     {"info",
      [](const JsonNode& section, Recording& recording) { ReadInfo(section, recording.info); }},

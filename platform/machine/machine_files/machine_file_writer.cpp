@@ -24,6 +24,7 @@ class FileBuilder {
   void AddUnlessEmpty(Value& object, std::string_view name, Value member);
 
   Value Shelf(const std::vector<std::string>& keys);
+  Value NotFitted(const std::vector<Part>& parts);
   Value Registry(const std::map<RegistryPlace, std::wstring>& values);
   Value Info(const Inventory& info);
   Value Scalar(const Inventory& info, const InfoCallRow& row, int index);
@@ -86,6 +87,12 @@ void FileBuilder::AddUnlessEmpty(Value& object, std::string_view name, Value mem
 Value FileBuilder::Shelf(const std::vector<std::string>& keys) {
   Value array(rapidjson::kArrayType);
   for (const std::string& key : keys) array.PushBack(Text(key), allocator);
+  return array;
+}
+
+Value FileBuilder::NotFitted(const std::vector<Part>& parts) {
+  Value array(rapidjson::kArrayType);
+  for (const Part part : parts) array.PushBack(Text(NameOf(part)), allocator);
   return array;
 }
 
@@ -191,6 +198,8 @@ Value FileBuilder::Repairs(const Recording& recording) {
 std::string FileBuilder::Build(const Recording& recording) {
   if (!recording.product.empty()) AddUnlessEmpty(file, "product", Text(recording.product));
   if (recording.shelf) AddUnlessEmpty(file, "shelf", Shelf(*recording.shelf));
+  if (!recording.notFitted.empty())
+    AddUnlessEmpty(file, "notFitted", NotFitted(recording.notFitted));
   AddUnlessEmpty(file, "registry", Registry(recording.registry));
   AddUnlessEmpty(file, "info", Info(recording.info));
   AddUnlessEmpty(file, "tests", Tests(recording));

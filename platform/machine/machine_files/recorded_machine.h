@@ -34,6 +34,7 @@ using RegistryPlace = std::array<std::string, 3>;
 struct Recording {
   std::wstring product;
   std::optional<std::vector<std::string>> shelf;
+  std::vector<Part> notFitted;
   std::map<RegistryPlace, std::wstring> registry;
   Inventory info;
   std::array<RecordedAnswers, kCountOf<TestCall>> tests;
@@ -61,6 +62,7 @@ class RecordedMachine final : public Machine {
   std::optional<std::vector<std::string>> Shelf() override { return recording.shelf; }
   std::optional<std::wstring> RegistryValue(const std::string& root, const std::string& key,
                                             const std::string& name) override;
+  std::vector<Part> NotFitted() override { return recording.notFitted; }
   std::string Identity() override { return identity; }
 
  private:

@@ -65,6 +65,7 @@ std::string RecordMachine(Machine& machine, const RecordRequest& request) {
   Recording recording;
   recording.product = machine.ProductName();
   recording.shelf = machine.Shelf().value_or(request.installedShelf);
+  recording.notFitted = machine.NotFitted();
   recording.registry = request.registry;
   recording.info = machine.Info();
   for (const SupportCallRow& row : kSupportCalls)

@@ -8,6 +8,7 @@
 #include <exception>
 #include <optional>
 #include <sstream>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
 
@@ -114,13 +115,15 @@ void FinishBinding(Devices&) {
   try {
     if (!Exists(NoteFile())) return;
     const std::optional<Binding> binding = ReadNote();
-    if (binding && Exists(binding->DeviceLink()) && !Exists(binding->DeviceLink() / "driver"))
-      GiveBack(*binding);
+    const bool isMissed =
+        binding && Exists(binding->DeviceLink()) && !Exists(binding->DeviceLink() / "driver");
+    const std::wstring fault = isMissed ? GiveBack(*binding) : std::wstring();
+    if (!fault.empty()) throw std::runtime_error(common::WideToUtf8(fault));
     RemoveNote();
   } catch (const std::exception&) {
     COMMON_LOG_WARN(
         log4cxx::Logger::getLogger("orv.machine"),
-        "an unfinished repair cannot be looked for: " + common::DescribeCurrentException());
+        "an unfinished repair cannot be finished: " + common::DescribeCurrentException());
   }
 }
 

@@ -199,6 +199,12 @@ TEST(GraphicsRepair, TheNextStartGivesBackWhatAKilledOneTook) {
   EXPECT_EQ(system.Text("/sys/bus/pci/drivers/bgfx/bind"), "0000:01:00.0");
   EXPECT_FALSE(std::filesystem::exists(note));
 
+  // A start without the right to it leaves it to the next.
+  system.Remove("/sys/bus/pci/drivers/bgfx/bind");
+  WriteText(note, "pci 0000:01:00.0 bgfx\n");
+  LiveMachine().Info();
+  EXPECT_TRUE(std::filesystem::exists(note));
+
   // What is no such note, or is about a device that has its driver, does nothing.
   for (const char* text : {"pci 0000:00:02.0 bgfx\n", "pci 0000:01:00.0\n", "../../x y z\n", ""}) {
     system.Write("/sys/bus/pci/drivers/bgfx/bind", "");
