@@ -1,5 +1,6 @@
 #include "platform/machine/live/child_call.h"
 
+#include <exception>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,6 +32,13 @@ std::string Root() {
   return os::IsSystemRootSet() ? common::PathText(os::SystemPath("/")) : std::string();
 }
 
+// What a repair writes down lies where this program keeps it. Empty where that cannot be had.
+std::string Data() try {
+  return common::PathText(os::DataFolder());
+} catch (const std::exception&) {
+  return {};
+}
+
 std::wstring NoAnswerWithin(std::chrono::milliseconds limit) {
   return L"no answer within " + std::to_wstring(limit.count() / 1000) + L" seconds";
 }
@@ -38,7 +46,7 @@ std::wstring NoAnswerWithin(std::chrono::milliseconds limit) {
 /// What the program answers, or null and why it does not.
 std::unique_ptr<Machine> Ask(std::vector<std::string> words, std::chrono::milliseconds limit,
                              std::wstring& reason) {
-  words.insert(words.begin(), {Program(), Root()});
+  words.insert(words.begin(), {Program(), Root(), Data()});
   const auto begin = std::chrono::steady_clock::now();
   std::string fault;
   const auto result = os::RunProcess(words, limit, &fault);
@@ -50,7 +58,7 @@ std::unique_ptr<Machine> Ask(std::vector<std::string> words, std::chrono::millis
     }
   }
   COMMON_LOG_WARN(log4cxx::Logger::getLogger("orv.machine"),
-                  words[0] + ' ' + words[2] + ' ' + words[3] + ": " + fault);
+                  words[0] + ' ' + words[3] + ' ' + words[4] + ": " + fault);
   reason = std::chrono::steady_clock::now() - begin >= limit
                ? NoAnswerWithin(limit)
                : L"no answer: the program that asks " + common::Utf8ToWide(fault);

@@ -49,9 +49,11 @@ int AnswerRepair(RepairCall call, std::uint32_t code) {
 }  // namespace
 
 int AnswerAsProbe(int count, const char* const* words) {
-  if (count != 5) return kWrongUse;
-  const std::string_view root = words[1], kind = words[2], name = words[3], about = words[4];
+  if (count != 6) return kWrongUse;
+  const std::string_view root = words[1], data = words[2], kind = words[3], name = words[4],
+                         about = words[5];
   if (!root.empty()) os::SetSystemRoot(common::TextPath(std::string(root)));
+  if (!data.empty()) os::SetDataFolder(common::TextPath(std::string(data)));
   const auto test = std::ranges::find(kTestCalls, name, &TestCallRow::name);
   const auto repair = std::ranges::find(kRepairCalls, name, &RepairCallRow::name);
   const auto disk = NumberOf<int>(about);

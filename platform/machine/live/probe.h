@@ -5,7 +5,8 @@
 namespace machine {
 
 /// The program hardware-probe: makes one call of the live machine and prints its answer as a
-/// machine file. Words: the system root or an empty one, `test` or `repair`, the call's name, and
+/// machine file. Words: the system root and the data folder, both
+/// may be empty, `test` or `repair`, the call's name, and
 /// the disk or the code that it is about. Returns the exit status, 2 for words that it does not
 /// know.
 UTIL_API int AnswerAsProbe(int count, const char* const* words);

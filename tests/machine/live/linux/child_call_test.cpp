@@ -64,11 +64,11 @@ TEST(ChildCall, ARepairWithoutAnAnswerHasFailed) {
 
 TEST(ChildCall, HandsOnWhatTheCallAnswersOrThrows) {
   const FakeProbe probe(R"(
-case "$3" in
+case "$4" in
   CBiometricDetect::CheckDevice)
-    echo "{\"tests\": {\"$3\": {\"code\": 7, \"pass\": false, \"text\": \"$2 $4\"}}}";;
-  CCpuTest::TestSSE) echo "{\"tests\": {\"$3\": {\"throws\": \"library fault\"}}}";;
-  *) echo "{\"repairs\": {\"$3\": {\"code\": 3, \"text\": \"$2 $4\"}}}";;
+    echo "{\"tests\": {\"$4\": {\"code\": 7, \"pass\": false, \"text\": \"$3 $5\"}}}";;
+  CCpuTest::TestSSE) echo "{\"tests\": {\"$4\": {\"throws\": \"library fault\"}}}";;
+  *) echo "{\"repairs\": {\"$4\": {\"code\": 3, \"text\": \"$3 $5\"}}}";;
 esac)");
   const TestAnswer answer = machine::TestInChild(TestCall::BiometricDevice, -1, 60s);
   EXPECT_EQ(answer.code, 7U);
