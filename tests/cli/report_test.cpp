@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 #include <rapidjson/document.h>
+#include <rapidjson/schema.h>
+#include <rapidjson/stringbuffer.h>
 
 #include <random>
 #include <sstream>
@@ -226,6 +228,38 @@ TEST(ReportTest, WhatALibrarySaysStandsWithWhatItIsAbout) {
   program.RunOn(machine, {"run", "memory", "disk", "battery", "--report", page});
   for (const char* said : {">at 0x8<", ">failing<", ": locked<", ">warm<", ">worn<"})
     EXPECT_THAT(ReadText(page), HasSubstr(said));
+}
+
+// Everything that a report may hold, and nothing else, is in the published schema.
+TEST(ReportTest, TheDataAreAsThePublishedSchemaSays) {
+  const rapidjson::Document schemaText = Json(ReadText(DOCS_DIR "report.schema.json"));
+  const rapidjson::SchemaDocument schema(schemaText);
+  const Program program;
+  const std::string repaired = program.Machine(R"({
+      "info": {"CDisk": {"GetCaption": ["A", "B"]}},
+      "tests": {"CDiskFaultDetect::CheckHhdSmartResult": [{"flags": [1], "text": "failing"}, 2],
+                "CVideoCardDetect::CheckDevice": [5, 0], "CBatteryDetect::TestVoltage":
+                {"notTested": "no right"}, "CMemFaultDetect::CheckBoard": 1,
+                "CAudioDetect::CheckDevice": [0, 0, {"throws": "gone"}]},
+      "repairs": {"CVideoCardDetect::RepairVIDEOCARDProblems": {"restart": true, "text": "done"}}})");
+  const std::string thrown = program.Path("thrown.json");
+  WriteText(thrown, R"({"tests": {"CMemFaultDetect::CheckBoard": {"throws": "library fault"}}})");
+  const std::string file = program.Path("report.json");
+  for (const std::string& machine : {repaired, thrown, kFiles + "failing.json"}) {
+    program.RunOn(machine, {"run", "--repair", "--yes", "--report", file});
+    const rapidjson::Document report = Json(ReadText(file));
+    rapidjson::SchemaValidator validator(schema);
+    const bool isValid = report.Accept(validator);
+    rapidjson::StringBuffer place;
+    validator.GetInvalidDocumentPointer().StringifyUriFragment(place);
+    EXPECT_TRUE(isValid) << place.GetString() << " " << validator.GetInvalidSchemaKeyword();
+    if (machine == repaired) {
+      EXPECT_THAT(ReadText(file), HasSubstr("\"repaired\": true"));
+      EXPECT_THAT(ReadText(file), HasSubstr("\"advice\": \""));
+    }
+  }
+  rapidjson::SchemaValidator validator(schema);
+  EXPECT_FALSE(Json(R"({"program": 1})").Accept(validator)) << "the schema checks nothing";
 }
 
 TEST(ReportTest, ThePictureShowsADayForEachOfTheLastNinetyWithARun) {
