@@ -4,8 +4,8 @@
 
 namespace cli {
 
-/// The look of a report page: on a wide or narrow screen, light or dark as its reader prefers, and on
-/// paper.
+/// The look of a report page: on a wide or narrow screen, light or dark as its reader prefers, and
+/// on paper.
 inline constexpr std::string_view kReportStyle = R"css(
 :root {
   color-scheme: light;

@@ -255,8 +255,7 @@ void Driver::WaitUntil(const std::function<bool()>& holds,
   const std::size_t number = begun;
   stepper.Settle();
   while (number == begun && !holds()) {
-    if (GivesUp() || !stepper.IsSomethingDue())
-      throw CommandError("waited for " + what());
+    if (GivesUp() || !stepper.IsSomethingDue()) throw CommandError("waited for " + what());
     stepper.Step();
   }
 }

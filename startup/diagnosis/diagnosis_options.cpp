@@ -30,10 +30,10 @@ void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options) {
 void PutDiagnosisInForce(const DiagnosisOptions& options) {
   PutInForce(options);
   const std::filesystem::path resources = os::InstallationFolder() / "res";
-  DuiLib::UICulture::GetInstance()->SetLanguage(
-      options.language.empty() ? UserLanguage(resources)
-                               : NamedLanguage(options.language, resources),
-      resources);
+  DuiLib::UICulture::GetInstance()->SetLanguage(options.language.empty()
+                                                    ? UserLanguage(resources)
+                                                    : NamedLanguage(options.language, resources),
+                                                resources);
   if (options.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
 }
 

@@ -152,7 +152,7 @@ TEST(Sound, ADeviceThatDoesNotRunIsAFaultWhateverIsPluggedIn) {
   system.Remove(kController + "/driver");
   TestAnswer answer = Ask(TestCall::AudioDevice);
   EXPECT_EQ(answer.code, 2U);
-  EXPECT_EQ(answer.text, L"no driver runs 1d10:0a20 (0000:00:1f.3)");
+  EXPECT_EQ(answer.text, L"no driver runs PCI device 1d10:0a20 (0000:00:1f.3)");
   system.Remove("/sys/bus/pci/devices/0000:00:1f.3");
   system.Write("/proc/asound/cards",
                " 1 [Headset        ]: USB-Audio - Headset\n 2 [Loopback       ]: Loopback - L\n");
