@@ -39,9 +39,9 @@ std::vector<enmHardwareID> CategoriesToTest(const Arguments& arguments) {
   const auto isFitted = [&](enmHardwareID category) {
     return std::ranges::count(notFitted, static_cast<machine::Part>(category)) == 0;
   };
-  const auto leftOut = std::ranges::stable_partition(categories, isFitted);
-  Tell({leftOut.begin(), leftOut.end()}, arguments.json);
-  categories.erase(leftOut.begin(), leftOut.end());
+  const auto leftOut = std::stable_partition(categories.begin(), categories.end(), isFitted);
+  Tell({leftOut, categories.end()}, arguments.json);
+  categories.erase(leftOut, categories.end());
   return categories;
 }
 

@@ -83,11 +83,12 @@ std::optional<LoggedRun> RunOf(std::string_view line) {
   rapidjson::Document run;
   run.Parse<rapidjson::kParseIterativeFlag>(line.data(), line.size());
   if (run.HasParseError() || !run.IsObject()) return std::nullopt;
-  const auto time = run.FindMember("secondTime");
-  const auto results = run.FindMember("results");
-  const auto end = run.FindMember("end");
-  const auto categories = run.FindMember("categories");
-  const auto none = run.MemberEnd();
+  const rapidjson::Value& members = run;
+  const auto time = members.FindMember("secondTime");
+  const auto results = members.FindMember("results");
+  const auto end = members.FindMember("end");
+  const auto categories = members.FindMember("categories");
+  const auto none = members.MemberEnd();
   if (time == none || results == none || !results->value.IsArray() || end == none ||
       categories == none || !time->value.IsInt64() || !end->value.IsString() ||
       !categories->value.IsArray())

@@ -14,6 +14,10 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
+void PrintLine(const char* type) {
+  const JsonLine line(type);
+}
+
 class ScanPrinter {
  public:
   explicit ScanPrinter(bool printsJson) : json(printsJson) {}
@@ -41,7 +45,7 @@ class ScanPrinter {
   void Complete(enmHardwareID last) const {
     if (json) {
       JsonLine("complete").Add("category", static_cast<std::int64_t>(last));
-      JsonLine("finished");
+      PrintLine("finished");
     } else if (!entered) {
       std::puts(NothingOffered().c_str());
     }
@@ -49,8 +53,8 @@ class ScanPrinter {
 
   void Ended() const {
     if (json) {
-      JsonLine("ended");
-      JsonLine("cancelled");
+      PrintLine("ended");
+      PrintLine("cancelled");
     } else {
       std::puts(Line(L"SCAN_CANCELLED").c_str());
     }

@@ -23,7 +23,6 @@ using namespace orv::sysdiagnose;
 
 namespace {
 
-constexpr std::size_t kItemIndent = 2;
 constexpr std::size_t kWordsIndent = 4;
 
 std::vector<std::wstring> Sentences(const ItemWords& words) {

@@ -98,14 +98,14 @@ void QuietRuns::State::Post() const {
 }
 
 void QuietRuns::State::Detect(const RunStops::Token& stop, const CategoryCallbacks& told,
-                              const CategoryResultCallback& categoryResult, const Choice& chosen) {
+                              const CategoryResultCallback& categoryResult, const Choice& only) {
   items.clear();
   repairs.clear();
   BeginRun(objects);
   const std::vector<tagDetectItem> snapshot = DetectCatalogue::Instance().items;
   for (const tagDetectItem& item : snapshot) {
     if (stop.IsRequested()) break;
-    if (chosen && std::ranges::count(*chosen, item.id) == 0) continue;
+    if (only && std::ranges::count(*only, item.id) == 0) continue;
     const bool normal = DetectCategory(item, told);
     if (categoryResult) categoryResult(item.id, normal);
     Pause(kAfterCategory);

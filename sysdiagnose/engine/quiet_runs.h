@@ -57,7 +57,7 @@ class QuietRuns {
 
     void Post() const;
     void Detect(const RunStops::Token& stop, const CategoryCallbacks& told,
-                const CategoryResultCallback& categoryResult, const Choice& chosen);
+                const CategoryResultCallback& categoryResult, const Choice& only);
     bool DetectCategory(const tagDetectItem& item, const CategoryCallbacks& told);
     void Repair(const std::vector<enmHardwareID>& categories);
     void RepairCategory(enmHardwareID category);

@@ -9,7 +9,6 @@
 namespace orv::sysdiagnose {
 namespace {
 
-using DuiLib::CControlUI;
 using DuiLib::UICulture;
 
 constexpr const wchar_t* kList = L"lstSysdiagnoseScanItems";
