@@ -9,6 +9,7 @@
 #include "tests/plugins_manager/manager_functions.h"
 #include "tests/plugins_manager/work.h"
 #include "tests/support/process_counts.h"
+#include "tests/support/spare_threads.h"
 #include "tests/support/test_log.h"
 
 namespace {
@@ -42,15 +43,6 @@ bool LeavesTheProcess(const char* file) {
 class UnloadTest : public testing::Test {
  protected:
   UnloadTest() { TestLog::Instance(); }
-
-  // More threads than any round needs at once: how many that is depends on the scheduling.
-  static void StartSpareThreads() {
-    constexpr int kSpare = 32;
-    concurrency::unbounded_buffer<int> gate;
-    for (int i = 0; i < kSpare; ++i) concurrency::create_task([&gate] { gate.receive(); });
-    for (int i = 0; i < kSpare; ++i) gate.send(0);
-    concurrency::wait_until_idle();
-  }
 
   // Loads the module, starts the work, waits until it is under way.
   void LoadAndStart(const WorkRow& row) {

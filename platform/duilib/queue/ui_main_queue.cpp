@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "common/log.h"
+#include "platform/duilib/notify/contained_call.h"
 
 namespace DuiLib {
 namespace {
@@ -70,19 +70,10 @@ WakeUp& TheWakeUp() {
   return wakeUp;
 }
 
-void Run(const std::function<void()>& function, const char* what) {
-  try {
-    function();
-  } catch (...) {
-    COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.duilib"),
-                     what + (" failed: " + common::DescribeCurrentException()));
-  }
-}
-
 void WakeLoop() {
   WakeUp& wakeUp = TheWakeUp();
   const std::lock_guard lock(wakeUp.mutex);
-  if (wakeUp.call.closure) Run(wakeUp.call.closure, "the wake-up of the UI loop");
+  if (wakeUp.call.closure) CallContained(wakeUp.call.closure, "the wake-up of the UI loop");
 }
 
 }  // namespace
@@ -108,7 +99,7 @@ std::size_t UIMainQueue::RunPending() {
   // One at a time, not as a batch: a closure that opens a modal window runs the rest of this round
   // from that window's loop, still in order.
   while (const auto oldest = queue.TakeBefore(limit)) {
-    Run(oldest->closure, "a UI closure");
+    CallContained(oldest->closure, "a UI closure");
     ++ran;
   }
   if (!queue.IsEmpty()) WakeLoop();

@@ -5,6 +5,7 @@
 
 #include "common/log.h"
 #include "common/text.h"
+#include "platform/duilib/notify/contained_call.h"
 #include "platform/duilib/tree/container.h"
 #include "platform/duilib/tree/paint_manager.h"
 
@@ -14,7 +15,7 @@ CControlUI::CControlUI() = default;
 
 CControlUI::~CControlUI() {
   if (manager != nullptr) manager->Forget(*this);
-  if (goneHook) goneHook();
+  if (goneHook) CallContained(goneHook, "the hook of a control that goes");
 }
 
 const wchar_t* CControlUI::GetClass() const {
@@ -217,7 +218,7 @@ Look CControlUI::GetLook() const {
 void CControlUI::Notify(const CDuiString& type, std::size_t value) {
   if (manager != nullptr) return manager->SendNotify(*this, type, value);
   TNotifyUI notification{type, GetVirtualWnd(), this, value};
-  if (notifyHook) notifyHook(notification);
+  TellHook(notifyHook, notification);
 }
 
 bool CControlUI::IsFocused() const {

@@ -9,6 +9,7 @@
 #include "common/path_text.h"
 #include "common/text.h"
 #include "common/xml_document.h"
+#include "platform/duilib/notify/contained_call.h"
 #include "platform/duilib/tree/delivery.h"
 #include "platform/duilib/tree/walk.h"
 #include "platform/os/clock.h"
@@ -54,8 +55,7 @@ CControlUI* CPaintManagerUI::FindControl(CControlUI* below, const CDuiString& na
 void CPaintManagerUI::SendNotify(CControlUI& sender, const CDuiString& type, std::size_t value) {
   const Delivery delivery(this);
   TNotifyUI notification{type, sender.GetVirtualWnd(), &sender, value};
-  // The hook may be set anew while it runs.
-  if (const auto hook = sender.notifyHook; hook && hook(notification)) return;
+  if (TellHook(sender.notifyHook, notification)) return;
   if (pump != nullptr) pump->Notify(notification);
 }
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/duilib/notify/contained_call.h"
 #include "platform/duilib/tree/delivery.h"
 #include "platform/duilib/tree/walk.h"
 
@@ -62,7 +63,7 @@ bool CPaintManagerUI::OnKey(Key key) {
     if (control->OnKey(key)) return true;
   }
   if (key != Key::kEscape || !cancelHook) return false;
-  cancelHook();
+  CallContained(cancelHook, "the cancel of a window");
   return true;
 }
 

@@ -2,10 +2,30 @@
 
 #include <algorithm>
 
+#include "platform/duilib/notify/contained_call.h"
 #include "platform/duilib/queue/ui_main_queue.h"
 #include "platform/duilib/window/window_impl_base.h"
 
 namespace DuiLib {
+
+namespace {
+
+// One of the open windows, whatever ends its loop.
+class Listed {
+ public:
+  Listed(std::vector<WindowImplBase*>& in, WindowImplBase& one) : list(in), window(&one) {
+    list.push_back(window);
+  }
+  Listed(const Listed&) = delete;
+  Listed& operator=(const Listed&) = delete;
+  ~Listed() { std::erase(list, window); }
+
+ private:
+  std::vector<WindowImplBase*>& list;
+  WindowImplBase* const window;
+};
+
+}  // namespace
 
 class HeadlessDesktop::Window final : public NativeWindow {
  public:
@@ -50,8 +70,10 @@ std::unique_ptr<NativeWindow> HeadlessDesktop::Make(WindowImplBase& window) {
 
 // Windows may open and close meanwhile.
 std::size_t HeadlessDesktop::RunWhatIsDue() {
+  constexpr std::size_t kEndless = 10'000;  // closures that make each other do not keep the rest
   std::size_t ran = 0;
-  while (const std::size_t closures = UIMainQueue::RunPending()) ran += closures;
+  while (const std::size_t closures = ran < kEndless ? UIMainQueue::RunPending() : 0)
+    ran += closures;
   const std::vector<CPaintManagerUI*> all = windows;
   for (CPaintManagerUI* window : all) {
     if (std::find(windows.begin(), windows.end(), window) == windows.end()) continue;
@@ -71,15 +93,14 @@ std::optional<std::chrono::nanoseconds> HeadlessDesktop::NextDue(bool withIdle) 
 }
 
 void HeadlessDesktop::RunModal(WindowImplBase& window, const bool& ended) {
-  modals.push_back(&window);
+  const Listed listed(modals, window);
   while (!ended) {
     RunWhatIsDue();
     if (ended) break;
     if (rest && rest()) continue;
-    if (!ended) window.OnCancel();
+    if (!ended) CallContained([&] { window.OnCancel(); }, "the cancel of a window");
     if (!ended) window.Close(0);
   }
-  std::erase(modals, &window);
 }
 
 }  // namespace DuiLib
