@@ -29,6 +29,7 @@ class CultureTest : public testing::Test {
                            "<string id='IDS_BLANKS'> and </string>"
                            "<string id='IDS_ONE'>Found: {0}</string>"
                            "<string id='IDS_TWO'>{1} of {0}</string>"
+                           "<string id='IDS_LINK'> To get help, {a}ask{/a}.</string>"
                            "<string id='IDS_MARKS'>{c #7F7F7F}grey{/c}</string>"));
     Write("zh-CN", Culture("zh-CN", "<string id='IDS_PLAIN'>硬盘</string>"));
   }
@@ -93,6 +94,7 @@ TEST_F(CultureTest, IdsShowThemselvesAndTheirArguments) {
   Use("ids");
   EXPECT_EQ(culture.GetString(L"IDS_PLAIN"), L"IDS_PLAIN");
   EXPECT_EQ(culture.GetString(L"IDS_MARKS"), L"IDS_MARKS");
+  EXPECT_EQ(culture.GetString(L"IDS_LINK"), L"{a}IDS_LINK{/a}") << "can still be followed";
   EXPECT_EQ(culture.GetString(L"IDS_ONE"), L"IDS_ONE({0})");
   EXPECT_EQ(culture.GetMultiVarStr(L"IDS_TWO", {L"7", L"8"}), L"IDS_TWO(7,8)");
 

@@ -58,7 +58,7 @@ constexpr const wchar_t* kCancel = L"btnSysdiagnoseDetectCancel";
 constexpr const wchar_t* kHint = L"txtSysdiagnoseDetectHint";
 
 constexpr const wchar_t* kNotFound = L"IDS_HARDWARE_DIAGNOSE_RESULT_ABNORM_NOT_FOUND";
-constexpr const wchar_t* kSendLog = L"IDS_HARDWARE_DIAGNOSE_RESULT_SEND_LOG";
+constexpr const wchar_t* kSendLog = L"{a}IDS_HARDWARE_DIAGNOSE_RESULT_SEND_LOG{/a}";
 
 std::wstring Left(int count) {
   return L"IDS_HARDWARE_DIAGNOSE_ABNORM_RESULT_NUM(" + std::to_wstring(count) + L")";
@@ -514,7 +514,7 @@ TEST_F(DetectPageTest, TheLogsAreOfferedWhenThereAreSomeUntilARepairBegins) {
     window.Manager().SendNotify(Find(kSecond), DuiLib::kNotifyLink);
   };
   upload({[](Person& person) { person.Press(DuiLib::Key::kEscape); }});
-  EXPECT_EQ(Text(kSecond), Left(2) + L"IDS_HARDWARE_DIAGNOSE_RESULT_CANCEL_UPLOAD");
+  EXPECT_EQ(Text(kSecond), Left(2) + L"{a}IDS_HARDWARE_DIAGNOSE_RESULT_CANCEL_UPLOAD{/a}");
   upload({[](Person& person) { person.Find(L"btnUpload").SetEnabled(true); },
           [](Person& person) { person.Click(L"btnUpload"); }});
   EXPECT_EQ(Text(kSecond), Left(2) + L"IDS_HARDWARE_DIAGNOSE_RESULT_UPLOAD_LOG");

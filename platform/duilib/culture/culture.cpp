@@ -30,13 +30,17 @@ std::wstring IdWithArguments(const std::wstring& id, int arguments) {
   return arguments > 0 ? text + L")" : text;
 }
 
-// An id without arguments is its own text anyway, as an id that the table does not hold.
+// With the arguments of a text, and a link where the text has one, so that it can be followed.
+std::wstring IdText(const std::wstring& id, const std::wstring& text) {
+  const std::wstring shown = IdWithArguments(id, PatternArguments(text));
+  return text.find(L"{a}") == std::wstring::npos ? shown : L"{a}" + shown + L"{/a}";
+}
+
 CultureTexts IdTexts(const std::filesystem::path& folder) {
   CultureTexts texts;
   if (!std::filesystem::exists(folder / (std::string(kFallbackLanguage) + ".xml"))) return texts;
-  for (const auto& [id, text] : ReadCulture(folder, kFallbackLanguage)) {
-    if (const int arguments = PatternArguments(text)) texts[id] = IdWithArguments(id, arguments);
-  }
+  for (const auto& [id, text] : ReadCulture(folder, kFallbackLanguage))
+    texts[id] = IdText(id, text);
   return texts;
 }
 

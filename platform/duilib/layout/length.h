@@ -2,9 +2,13 @@
 
 namespace DuiLib {
 
-/// The largest length and the most room on a side that is taken, in points; longer ones are cut to
-/// it, so that sums stay within an int.
+/// The largest length and the most room on a side that a layout gives, in points, so that sums stay
+/// within an int whatever it holds.
 inline constexpr int kMaxLength = 16384;
+
+/// The largest length of a control; longer ones are cut to it. What fills a list at run time may
+/// have thousands of rows in one item.
+inline constexpr int kMaxNumber = 1 << 20;
 
 /// How long a control is along one axis: as long as its content wishes, a share of what the others
 /// leave, or a number of points.
@@ -14,7 +18,7 @@ struct Length {
   static constexpr Length Shrink() { return {Kind::kShrink, 0}; }
   static constexpr Length Grow(int shares = 1) { return {Kind::kGrow, shares}; }
   static constexpr Length Number(int points) {
-    return {Kind::kNumber, points < 0 ? 0 : points > kMaxLength ? kMaxLength : points};
+    return {Kind::kNumber, points < 0 ? 0 : points > kMaxNumber ? kMaxNumber : points};
   }
 
   Kind kind = Kind::kShrink;
