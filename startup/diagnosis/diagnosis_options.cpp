@@ -1,5 +1,7 @@
 #include "startup/diagnosis/diagnosis_options.h"
 
+#include <CLI/CLI.hpp>
+
 #include "common/path_option.h"
 #include "platform/duilib/culture/culture.h"
 #include "platform/message/message_capture.h"
