@@ -1,5 +1,6 @@
 #include "platform/duiwindow/pictures.h"
 
+#include <wx/imagpng.h>
 #include <wx/mstream.h>
 
 #include <stdexcept>
@@ -23,7 +24,7 @@ wxImage Read(const std::filesystem::path& file) {
   try {
     const std::string bytes = common::ReadFile(file, kLargestFile);
     wxMemoryInputStream stream(bytes.data(), bytes.size());
-    if (image.LoadFile(stream, wxBITMAP_TYPE_PNG)) return image;
+    if (wxPNGHandler().LoadFile(&image, stream, false)) return image;
     reason = common::PathText(file) + ": this is no PNG picture";
   } catch (const std::runtime_error& error) {
     reason = error.what();
@@ -54,9 +55,7 @@ void Tint(wxImage& image, std::uint32_t argb) {
 
 }  // namespace
 
-Pictures::Pictures() : sources(kMostSources), bitmaps(kMostBitmaps) {
-  wxImage::AddHandler(new wxPNGHandler);
-}
+Pictures::Pictures() : sources(kMostSources), bitmaps(kMostBitmaps) {}
 
 const Pictures::Source& Pictures::SourceOf(const std::filesystem::path& file, bool large) {
   return sources.Get({file, large}, [&]() -> Source {

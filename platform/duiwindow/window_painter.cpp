@@ -1,3 +1,4 @@
+#include <wx/imagpng.h>
 #include <wx/mstream.h>
 
 #include <cmath>
@@ -29,9 +30,9 @@ Rect Whole(Size size) {
 }
 
 // The picture as a file.
-std::string Png(const wxImage& image) {
+std::string Png(wxImage& image) {
   wxMemoryOutputStream stream;
-  if (!image.SaveFile(stream, wxBITMAP_TYPE_PNG)) return {};
+  if (!wxPNGHandler().SaveFile(&image, stream, false)) return {};
   std::string bytes(stream.GetLength(), '\0');
   stream.CopyTo(bytes.data(), bytes.size());
   return bytes;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <wx/image.h>
+#include <wx/imagpng.h>
+#include <wx/wfstream.h>
 
 #include <filesystem>
 #include <functional>
@@ -13,10 +15,8 @@
 class Picture {
  public:
   explicit Picture(const std::filesystem::path& file) {
-    if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) {
-      wxImage::AddHandler(new wxPNGHandler);
-    }
-    image.LoadFile(wxString::FromUTF8(common::PathText(file)), wxBITMAP_TYPE_PNG);
+    wxFileInputStream stream(wxString::FromUTF8(common::PathText(file)));
+    wxPNGHandler().LoadFile(&image, stream, false);
   }
 
   DuiLib::Size GetSize() const { return {image.GetWidth(), image.GetHeight()}; }
