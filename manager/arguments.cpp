@@ -10,8 +10,8 @@ namespace {
 using common::AddPathOption;
 
 void AddDrive(CLI::App& app, DriveOptions& options) {
-  CLI::App* const drive =
-      app.add_subcommand("drive", "Carry out commands, one per line; docs/drive.md lists them");
+  CLI::App* const drive = app.add_subcommand(
+      "drive", "With --headless: carry out commands, one per line; docs/drive.md lists them");
   AddPathOption(*drive, "script", options.script, "Where they are (default: standard input)");
   AddPathOption(*drive, "--plugin", options.plugin,
                 "Load this plugin (default: that of the installation)");

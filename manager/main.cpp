@@ -3,11 +3,14 @@
 #include <stdexcept>
 
 #include "manager/arguments.h"
+#include "manager/host/plugin.h"
+#include "platform/os/process_end.h"
 #include "startup/interruptible.h"
 #include "startup/program.h"
 
 namespace {
 
+constexpr const char* kProgram = "laptop-manager";
 constexpr int kDone = 0;
 constexpr int kFailed = 2;
 constexpr int kEndedAtOnce = 3;
@@ -26,10 +29,18 @@ int Drive(const manager::DriveOptions& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  return startup::RunProgram("laptop-manager", [argc, argv] {
+  return startup::RunProgram(kProgram, [argc, argv] {
     manager::DriveOptions options;
     if (!manager::ParseArguments(argc, argv, options)) return kDone;
     startup::PutDiagnosisInForce(options);
-    return Drive(options);
+    int status = kFailed;
+    try {
+      status = Drive(options);
+    } catch (const std::exception& error) {
+      startup::PrintError(kProgram, error.what());
+    }
+    // Its work, which time does not go on for any more, would be waited for without end.
+    if (manager::Plugin::IsInProcess(manager::Driver::PluginFile(options))) os::EndProcess(status);
+    return status;
   });
 }

@@ -1,5 +1,6 @@
 #include "manager/headless/command_source.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <fstream>
@@ -59,9 +60,14 @@ CommandSource::~CommandSource() {
   state->changed.notify_all();
 }
 
-std::optional<std::string> CommandSource::Next() {
+// Whoever stops it may do so inside a signal's handler, where no lock can be taken.
+std::optional<std::string> CommandSource::Next(const std::atomic<bool>& stopped) {
+  constexpr std::chrono::milliseconds kLookAgain(50);
+  const auto hasCome = [this] { return state->ended || !state->lines.empty(); };
   std::unique_lock lock(state->mutex);
-  state->changed.wait(lock, [this] { return state->ended || !state->lines.empty(); });
+  while (!stopped && !state->changed.wait_for(lock, kLookAgain, hasCome)) {
+  }
+  if (stopped) return std::nullopt;
   if (state->lines.empty()) return std::nullopt;
   std::string line = std::move(state->lines.front());
   state->lines.pop_front();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -18,8 +19,8 @@ class CommandSource {
   CommandSource& operator=(const CommandSource&) = delete;
   ~CommandSource();
 
-  /// Waits for the next line; nothing behind the last one, and after an interrupt.
-  std::optional<std::string> Next();
+  /// Waits for the next line; nothing behind the last one, and when it is stopped meanwhile.
+  std::optional<std::string> Next(const std::atomic<bool>& stopped);
 
  private:
   struct State;

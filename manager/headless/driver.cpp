@@ -3,6 +3,7 @@
 #include <thread>
 #include <utility>
 
+#include "common/log.h"
 #include "common/path_text.h"
 #include "common/text.h"
 #include "manager/headless/command.h"
@@ -87,15 +88,17 @@ Driver::Driver(const DriveOptions& options, os::VirtualClock& clock)
       window(kWindowSize),
       painter(options.simpleText ? nullptr : DuiLib::Painter::Load()),
       tabs(window.Manager()),
-      commands(options.script) {
+      commands(options.script),
+      pluginFile(PluginFile(options)) {
   if (painter != nullptr) window.Manager().SetTextMeasure(&painter->Measure());
   report::ObserveEvents([this](const tagLogInfo& event) {
     const std::lock_guard lock(eventsMutex);
     events.push_back({event.id, event.payload});
   });
-  plugin =
-      std::make_unique<Plugin>(options.plugin.empty() ? os::LibraryFile(kPlugin) : options.plugin);
-  Mount();
+}
+
+std::filesystem::path Driver::PluginFile(const DriveOptions& options) {
+  return options.plugin.empty() ? os::LibraryFile(kPlugin) : options.plugin;
 }
 
 Driver::~Driver() {
@@ -109,23 +112,30 @@ void Driver::Mount() {
   context.AddPageCallback = [this](int, const std::wstring& title, DuiLib::CControlUI* page) {
     tabs.Add(title, page);
   };
+  plugin->CreateUI(context);
+}
+
+void Driver::LoadAndMount() {
+  stepper.SetLimit(std::chrono::steady_clock::now() + waitLimit);
+  plugin = std::make_unique<Plugin>(pluginFile);
   try {
-    plugin->CreateUI(context);
+    Mount();
   } catch (...) {
-    tabs.RemoveAll();
+    UnloadLogged();
     throw;
   }
 }
 
 bool Driver::Run() {
+  LoadAndMount();
   HeadlessDesktop::Instance().SetRest([this] { return RunNext(); });
   while (!quitAsked) {
     RunNext();
-    if (!std::exchange(leaving, false)) continue;
-    if (std::exchange(unloadAsked, false)) UnloadNow();
+    if (std::exchange(unloadAsked, false)) UnloadAnswered();
+    leaving = quitAsked;
   }
-  if (plugin) UnloadNow();
-  AnswerAtRest();
+  if (plugin) UnloadAnswered();
+  GiveAnswer();
   HeadlessDesktop::Instance().SetRest({});
   return !failed;
 }
@@ -134,8 +144,9 @@ bool Driver::Run() {
 bool Driver::RunNext() {
   if (leaving) return false;
   AnswerAtRest();
-  const auto line = stopped ? std::nullopt : commands.Next();
-  if (line && !stopped)
+  if (leaving) return false;
+  const auto line = commands.Next(stopped);
+  if (line)
     Begin(*line);
   else
     leaving = quitAsked = true;
@@ -145,9 +156,14 @@ bool Driver::RunNext() {
 void Driver::AnswerAtRest() {
   try {
     stepper.Settle();
-  } catch (const std::exception& error) {
-    if (answer) answer->error = error.what();
+  } catch (...) {
+    const std::string error = common::DescribeCurrentException();
+    if (answer && !answer->error) answer->error = error;
   }
+  if (!leaving) GiveAnswer();
+}
+
+void Driver::GiveAnswer() {
   if (!answer) return;
   const Answer given = *std::exchange(answer, std::nullopt);
   if (!given.error) return PrintOk(given.fields);
@@ -163,8 +179,9 @@ void Driver::Begin(const std::string& line) {
   stepper.SetLimit(std::chrono::steady_clock::now() + waitLimit);
   try {
     CarryOut(line);
-  } catch (const std::exception& error) {
-    if (number == begun && answer) answer->error = error.what();
+  } catch (...) {
+    const std::string error = common::DescribeCurrentException();
+    if (number == begun && answer) answer->error = error;
   }
 }
 
@@ -311,9 +328,12 @@ void Driver::Events(const Arguments&) {
 
 void Driver::Send(const Arguments& arguments) {
   const std::uint32_t id = ParseId(arguments[0]);
-  hub.Send(id, arguments.size() == 1 ? std::vector<std::uint8_t>() : ParseHex(arguments[1]));
+  const auto body = arguments.size() == 1 ? std::vector<std::uint8_t>() : ParseHex(arguments[1]);
+  if (!hub.Send(id, body))
+    throw CommandError("a body of " + std::to_string(body.size()) +
+                       " bytes, which is more than a message holds");
   answer->fields = [this](Json& json) {
-    if (const auto body = hub.Answer()) WriteText(json, "answer", HexText(*body));
+    if (const auto received = hub.Answer()) WriteText(json, "answer", HexText(*received));
   };
 }
 
@@ -366,27 +386,39 @@ void Driver::Quit(const Arguments&) {
   leaving = quitAsked = true;
 }
 
-// Outside of all modal loops.
-void Driver::UnloadNow() {
-  stepper.SetLimit(std::chrono::steady_clock::now() + waitLimit);
+void Driver::UnloadAnswered() {
   try {
-    tabs.RemoveAll();
-    stepper.Settle();
-    while (stepper.DoesAWorkerSleep()) {
-      if (GivesUp()) throw std::runtime_error("work of the plugin does not end");
-      stepper.Step();
-    }
-    const std::unique_ptr<Plugin> last = std::exchange(plugin, nullptr);
-    last->LetGo();
-    while (last->IsInProcess()) {
-      if (GivesUp()) throw std::runtime_error("the plugin stays in the process");
-      stepper.Settle();
-      std::this_thread::yield();
-    }
+    UnloadNow();
   } catch (const std::exception& error) {
-    plugin.reset();
     if (!answer) answer.emplace();
     answer->error = error.what();
+  }
+}
+
+void Driver::UnloadLogged() {
+  try {
+    UnloadNow();
+  } catch (const std::exception& error) {
+    COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.manager"), error.what());
+  }
+}
+
+// Outside of all modal loops; one that begins now ends at once. When its work does not end the
+// plugin is let go of all the same.
+void Driver::UnloadNow() {
+  stepper.SetLimit(std::chrono::steady_clock::now() + waitLimit);
+  const std::unique_ptr<Plugin> last = std::exchange(plugin, nullptr);
+  tabs.RemoveAll();
+  stepper.Settle();
+  while (stepper.DoesAWorkerSleep()) {
+    if (GivesUp()) throw std::runtime_error("work of the plugin does not end");
+    stepper.Step();
+  }
+  last->LetGo();
+  while (Plugin::IsInProcess(pluginFile)) {
+    if (GivesUp()) throw std::runtime_error("the plugin stays in the process");
+    stepper.Settle();
+    std::this_thread::yield();
   }
 }
 

@@ -39,15 +39,19 @@ class Driver {
  public:
   using Arguments = std::vector<std::string>;
 
-  /// Loads the plugin and mounts its pages. Throws std::runtime_error saying what is missing.
+  /// Starts what the plugin is to find around it. Throws std::runtime_error saying what is missing.
   Driver(const DriveOptions& options, os::VirtualClock& clock);
   Driver(const Driver&) = delete;
   Driver& operator=(const Driver&) = delete;
   ~Driver();
 
-  /// Carries the commands out, answers each on a line of standard output, and takes the plugin
-  /// away. Whether none failed.
+  /// Loads the plugin and mounts its pages, carries the commands out, answers each on a line of
+  /// standard output, and takes the plugin away. Whether none failed. Throws std::runtime_error
+  /// naming the plugin's file when it cannot be loaded or has no pages.
   bool Run();
+
+  /// The plugin that is to be loaded.
+  static std::filesystem::path PluginFile(const DriveOptions& options);
 
   /// Ends soon, as at the end of the script. Any thread, and inside a signal's handler.
   void Stop() { stopped = true; }
@@ -85,11 +89,15 @@ class Driver {
     std::string payload;
   };
 
+  void LoadAndMount();
   void Mount();
   bool RunNext();
   void AnswerAtRest();
+  void GiveAnswer();
   void Begin(const std::string& line);
   void CarryOut(const std::string& line);
+  void UnloadAnswered();
+  void UnloadLogged();
   void UnloadNow();
   bool GivesUp() const { return stopped || stepper.IsOverLimit(); }
   void WaitUntil(const std::function<bool()>& holds, const std::function<std::string()>& what);
@@ -105,11 +113,12 @@ class Driver {
   ManagerTabs tabs;
   std::unique_ptr<Plugin> plugin;
   CommandSource commands;
+  const std::filesystem::path pluginFile;
 
   std::atomic<bool> stopped = false;
   std::optional<Answer> answer;
   std::size_t begun = 0;     // commands
-  bool leaving = false;      // modal windows close, then:
+  bool leaving = false;      // modal windows close, until:
   bool unloadAsked = false;  // the plugin is taken away,
   bool quitAsked = false;    // the drive ends
   bool failed = false;

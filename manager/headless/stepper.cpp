@@ -19,12 +19,18 @@ DuiLib::HeadlessDesktop& Desktop() {
 
 }  // namespace
 
+// What is about to rest at the limit is not taken for what never does.
 void Stepper::Settle() {
+  constexpr std::chrono::seconds kGrace(1);
+  const Moment end = std::max(limit, std::chrono::steady_clock::now() + kGrace);
   for (;;) {
-    WaitUntilQuiet();
-    if (Desktop().RunWhatIsDue() != 0) continue;
+    WaitUntilQuiet(end);
+    if (Desktop().RunWhatIsDue() != 0) {
+      if (IsOver(end)) throw std::runtime_error("closures or timers make each other without end");
+      continue;
+    }
     if (!hub.IsCompanionAsked()) return;
-    hub.WaitForCompanion(limit);
+    hub.WaitForCompanion(end);
   }
 }
 
@@ -52,14 +58,16 @@ bool Stepper::IsSomethingDue() {
 
 // Handlers start workers, and workers post: both have to be found at rest, one after the other, and
 // nothing posted in between.
-void Stepper::WaitUntilQuiet() {
+void Stepper::WaitUntilQuiet(Moment end) {
   std::optional<std::uint64_t> before;
   for (;;) {
-    const auto posted = message::DeliveredBefore(limit);
-    if (!posted) throw std::runtime_error("a message handler does not return");
+    const auto posted = message::DeliveredBefore(end);
+    if (!posted)
+      throw std::runtime_error("a message handler does not return, or posts without end");
     if (posted == before) return;
+    if (before && IsOver(end)) throw std::runtime_error("messages are posted without end");
     before = posted;
-    if (!os::WorkersRestBefore(limit)) throw std::runtime_error("a worker neither ends nor rests");
+    if (!os::WorkersRestBefore(end)) throw std::runtime_error("a worker neither ends nor rests");
   }
 }
 

@@ -20,10 +20,11 @@ class Stepper {
 
   /// What cannot be done by this moment of real time is given up.
   void SetLimit(Moment value) { limit = value; }
-  bool IsOverLimit() const { return std::chrono::steady_clock::now() > limit; }
+  bool IsOverLimit() const { return IsOver(limit); }
 
   /// Runs closures and deliveries until there are none, every worker has ended or rests, and the
-  /// companion service has answered. Throws std::runtime_error naming what goes on at the limit.
+  /// companion service has answered. Throws std::runtime_error naming what goes on at the limit,
+  /// and a second from now.
   void Settle();
 
   /// Goes on to the next moment up to `end` that something waits for, and settles. False when there
@@ -42,7 +43,8 @@ class Stepper {
   std::chrono::nanoseconds Now() { return clock.Now(); }
 
  private:
-  void WaitUntilQuiet();
+  static bool IsOver(Moment moment) { return std::chrono::steady_clock::now() > moment; }
+  void WaitUntilQuiet(Moment end);
 
   os::VirtualClock& clock;
   MessageHub& hub;

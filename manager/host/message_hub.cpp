@@ -26,7 +26,7 @@ std::vector<std::uint8_t> BodyOf(const tagIPC_MESSAGE_ITEM& item) {
   return {item.data, item.data + item.dataLength};
 }
 
-void PostFrom(CIPCMessageClient& client, std::uint32_t target, std::uint32_t messageId,
+bool PostFrom(CIPCMessageClient& client, std::uint32_t target, std::uint32_t messageId,
               std::uint32_t replyId, const std::vector<std::uint8_t>& body) {
   tagIPC_MESSAGE_ITEM item;
   item.target = target;
@@ -34,7 +34,7 @@ void PostFrom(CIPCMessageClient& client, std::uint32_t target, std::uint32_t mes
   item.replyId = replyId;
   item.dataLength = static_cast<std::uint32_t>(body.size());
   item.data = body.data();
-  client.PostIPCMessage(item);
+  return client.PostIPCMessage(item);
 }
 
 }  // namespace
@@ -59,12 +59,12 @@ MessageHub::~MessageHub() {
   message::DeliveredBefore(std::chrono::steady_clock::now() + 1s);
 }
 
-void MessageHub::Send(std::uint32_t messageId, const std::vector<std::uint8_t>& body) {
+bool MessageHub::Send(std::uint32_t messageId, const std::vector<std::uint8_t>& body) {
   {
     const std::lock_guard lock(mutex);
     answer.reset();
   }
-  PostFrom(client, protocol::kPluginModule, messageId, protocol::kNone, body);
+  return PostFrom(client, protocol::kPluginModule, messageId, protocol::kNone, body);
 }
 
 std::optional<std::vector<std::uint8_t>> MessageHub::Answer() {

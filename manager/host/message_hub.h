@@ -36,8 +36,9 @@ class MessageHub {
   MessageHub& operator=(const MessageHub&) = delete;
   ~MessageHub();
 
-  /// Posts a message to the plugin; answers of before are forgotten.
-  void Send(std::uint32_t messageId, const std::vector<std::uint8_t>& body);
+  /// Posts a message to the plugin; answers of before are forgotten. False when its body is longer
+  /// than a message can be.
+  bool Send(std::uint32_t messageId, const std::vector<std::uint8_t>& body);
 
   /// The body of the first answer to the last message sent.
   std::optional<std::vector<std::uint8_t>> Answer();

@@ -30,11 +30,14 @@ Function Procedure(os::ModuleHandle module, const char* name) {
   return reinterpret_cast<Function>(os::FindProcedure(module, name));
 }
 
+std::string FullName(const std::filesystem::path& library) {
+  return common::PathText(std::filesystem::absolute(library));
+}
+
 }  // namespace
 
 Plugin::Plugin(const std::filesystem::path& library)
-    : file(common::PathText(std::filesystem::absolute(library))),
-      pluginsManager(LoadPluginsManager()) {
+    : file(FullName(library)), pluginsManager(LoadPluginsManager()) {
   if (!std::filesystem::exists(library)) Fail("there is no such file");
   const auto load = Procedure<x3::LoadPluginFunction>(pluginsManager, "x3LoadPlugin");
   if (load == nullptr) Fail("the plugin manager has no x3LoadPlugin");
@@ -44,12 +47,17 @@ Plugin::Plugin(const std::filesystem::path& library)
     RequireExports();
     Create();
   } catch (...) {
-    Unload();
+    LetGoLogged();
     throw;
   }
 }
 
 Plugin::~Plugin() {
+  LetGoLogged();
+}
+
+// What is wrong with it already has been told, or is not asked for.
+void Plugin::LetGoLogged() {
   try {
     LetGo();
   } catch (const std::exception& error) {
@@ -74,8 +82,8 @@ void Plugin::LetGo() {
   Unload();
 }
 
-bool Plugin::IsInProcess() const {
-  return os::FindLoadedModule(file.c_str()) != nullptr;
+bool Plugin::IsInProcess(const std::filesystem::path& library) {
+  return os::FindLoadedModule(FullName(library).c_str()) != nullptr;
 }
 
 void Plugin::RequireExports() const {
@@ -93,12 +101,7 @@ void Plugin::Create() {
   if (made == nullptr) Fail("it has no class that contributes pages");
   object = static_cast<IQVXUIPlugin*>(made);
   std::wstring key;
-  try {
-    Call("PluginKey", [&] { key = object->PluginKey(); });
-  } catch (...) {
-    std::exchange(object, nullptr)->Release();
-    throw;
-  }
+  Call("PluginKey", [&] { key = object->PluginKey(); });
   COMMON_LOG_INFO(log4cxx::Logger::getLogger("orv.manager"),
                   file + ": loaded as " + common::WideToUtf8(key));
 }

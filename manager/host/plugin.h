@@ -26,12 +26,14 @@ class Plugin {
   /// Gives the object and the library back; the plugin leaves the process when its work has ended.
   void LetGo();
 
-  bool IsInProcess() const;
+  /// Whether the library is in the process, which work of it that has not ended keeps it in.
+  static bool IsInProcess(const std::filesystem::path& library);
 
  private:
   void RequireExports() const;
   void Create();
   void Unload();
+  void LetGoLogged();
   void Call(const char* slot, const std::function<void()>& call) const;
   [[noreturn]] void Fail(const std::string& reason) const;
 

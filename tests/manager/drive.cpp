@@ -27,11 +27,14 @@ std::vector<std::string> With(std::vector<std::string> words,
 
 }  // namespace
 
-Drive RunDrive(const std::string& machine, const fs::path& folder, const std::string& script) {
+Drive RunDrive(const std::string& machine, const fs::path& folder, const std::string& script,
+               const std::vector<std::string>& options) {
   WriteText(folder / "script", script);
-  RunningProgram program({APP_DIR "/laptop-manager", "--headless", "--machine", machine,
-                          "--data-dir", common::PathText(folder / "data"), "--lang", "ids", "drive",
-                          common::PathText(folder / "script"), "--simple-text"},
+  fs::remove(folder / "errors");
+  RunningProgram program(With({APP_DIR "/laptop-manager", "--headless", "--machine", machine,
+                               "--data-dir", common::PathText(folder / "data"), "--lang", "ids",
+                               "drive", common::PathText(folder / "script")},
+                              options),
                          folder / "errors");
   Drive drive;
   std::istringstream lines(ReadAll(program));

@@ -12,10 +12,11 @@ struct Drive {
   std::string errors;
 };
 
-/// The manager with the real plugin and companion service, texts as ids and measured by the simple
-/// rule, on a machine of tests/machine/files, with its data in `folder`.
+/// The manager with its companion service and texts as ids, on the machine that a file describes,
+/// with its data in `folder`. Without other options texts are measured by the simple rule.
 Drive RunDrive(const std::string& machine, const std::filesystem::path& folder,
-               const std::string& script);
+               const std::string& script,
+               const std::vector<std::string>& options = {"--simple-text"});
 
 /// The output of the terminal program with the same data; one JSON object a line.
 std::string RunTerminal(const std::vector<std::string>& words, const std::filesystem::path& folder);

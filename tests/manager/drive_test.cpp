@@ -1,57 +1,25 @@
-#include <gmock/gmock.h>
-
-#include <optional>
-#include <sstream>
-#include <string>
-#include <vector>
+#include <atomic>
+#include <thread>
 
 #include "common/path_text.h"
-#include "tests/support/running_program.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/manager/driven_manager.h"
 
 namespace {
 
+using testing::Each;
 using testing::HasSubstr;
 using testing::SizeIs;
+using testing::StartsWith;
 
-struct Drive {
-  std::optional<int> exitStatus;
-  std::vector<std::string> answers;
-  std::string errors;
-};
-
-// The manager with the real plugin and companion service, on a machine that a file describes.
-class DriveTest : public testing::Test {
+// With the real plugin.
+class DriveTest : public DrivenManager {
  protected:
-  Drive Run(const std::string& script, const std::vector<std::string>& options = {}) const {
-    WriteText(folder.path / "script", script);
-    std::vector<std::string> words = {APP_DIR "/laptop-manager",
-                                      "--headless",
-                                      "--machine",
-                                      MACHINE_FILES "healthy.json",
-                                      "--data-dir",
-                                      common::PathText(folder.path / "data"),
-                                      "--lang",
-                                      "ids",
-                                      "drive",
-                                      common::PathText(folder.path / "script"),
-                                      "--simple-text"};
-    words.insert(words.end(), options.begin(), options.end());
-    RunningProgram program(words, folder.path / "errors");
-    std::string output;
-    while (program.Read(output)) {
-    }
-    Drive drive{program.Wait(), {}, {}};
-    std::istringstream lines(output);
-    for (std::string line; std::getline(lines, line);) {
-      if (line.ends_with('\r')) line.pop_back();
-      drive.answers.push_back(line);
-    }
-    drive.errors = ReadText(folder.path / "errors");
-    return drive;
-  }
+  DriveTest() { machine = MACHINE_FILES "healthy.json"; }
 
-  const TemporaryFolder folder;
+  Drive Run(const std::string& script, std::vector<std::string> options = {}) const {
+    options.emplace_back("--simple-text");
+    return DrivenManager::Run(script, options);
+  }
 };
 
 TEST_F(DriveTest, MountsTheTabCountsItsEntriesAndTakesThePluginAway) {
@@ -81,7 +49,7 @@ TEST_F(DriveTest, EachMistakeIsOneAnswerAndCommentsAndLineEndsAreNone) {
   EXPECT_EQ(drive.answers.front(), R"({"ok":true,"windows":[]})");
   EXPECT_EQ(drive.answers.back(), R"({"ok":true,"windows":[]})");
   for (std::size_t index = 1; index < 8; ++index) {
-    EXPECT_THAT(drive.answers[index], testing::StartsWith(R"({"ok":false,"error":")"));
+    EXPECT_THAT(drive.answers[index], StartsWith(R"({"ok":false,"error":")"));
     EXPECT_LT(drive.answers[index].size(), 300u);
   }
 }
@@ -94,6 +62,70 @@ TEST_F(DriveTest, APluginThatCannotBeLoadedIsOneMessage) {
     EXPECT_THAT(drive.answers, SizeIs(0));
     EXPECT_THAT(drive.errors, HasSubstr(file));
   }
+}
+
+// Takes the processors for itself.
+class Load {
+ public:
+  Load() {
+    for (unsigned i = 0; i < 2 * std::thread::hardware_concurrency(); ++i)
+      threads.emplace_back([this] {
+        while (!ended) {
+        }
+      });
+  }
+  ~Load() {
+    ended = true;
+    for (std::thread& thread : threads) thread.join();
+  }
+
+ private:
+  std::atomic<bool> ended = false;
+  std::vector<std::thread> threads;
+};
+
+TEST_F(DriveTest, AScriptGivesTheSameAnswersWhateverTheLoad) {
+  machine = MACHINE_FILES "failing.json";
+  const std::string script =
+      "enter\nclick btnSysdiagnoseScan\ntick 333\ndump\nwait idle\ndump\nsend 0x390020 00\n"
+      "tick 500\nclick btnSysdiagnoseDetect\ntick 1234\ndump\nwait idle\ndump\nevents\nposted\n"
+      "click btnSysdiagnoseDetectComplete\ntick 77\ndump\nwait idle\ndump\nevents\nposted\n";
+  const Drive first = Run(script);
+  ASSERT_THAT(first.answers, SizeIs(22)) << first.errors;
+  EXPECT_THAT(first.answers, Each(StartsWith(R"({"ok":true)")));
+  const Load load;
+  constexpr int kRounds = 3;
+  for (int round = 0; round < kRounds; ++round) {
+    std::filesystem::remove_all(folder.path / "data");
+    EXPECT_EQ(Run(script).answers, first.answers);
+  }
+}
+
+// Width and height in the header of a picture.
+std::string PictureSize(const std::string& png) {
+  const auto number = [&png](std::size_t at) {
+    std::uint32_t value = 0;
+    for (const char byte : png.substr(at, 4)) value = value << 8 | static_cast<std::uint8_t>(byte);
+    return std::to_string(value);
+  };
+  return png.size() < 24 ? "no picture" : number(16) + "x" + number(20);
+}
+
+TEST_F(DriveTest, PicturesHaveTheSizeOfTheWindowTimesItsScale) {
+  const auto shot = [this](const char* name) {
+    return "shot " + common::PathText(folder.path / name) + "\n";
+  };
+  const Drive drive = DrivenManager::Run("enter\n" + shot("a b.png") + "scale 2\n" + shot("2.png") +
+                                         "scale 1.5\nsize 500 400\n" + shot("3.png") +
+                                         shot("none/4.png") + shot(".") + "shot\n");
+  ASSERT_THAT(drive.answers, SizeIs(10)) << drive.errors;
+  EXPECT_EQ(PictureSize(ReadText(folder.path / "a b.png")), "1040x720");
+  EXPECT_EQ(PictureSize(ReadText(folder.path / "2.png")), "2080x1440");
+  EXPECT_EQ(PictureSize(ReadText(folder.path / "3.png")), "750x600");
+  EXPECT_THAT(drive.answers[7], HasSubstr("4.png: "));
+  for (std::size_t failed = 7; failed < 10; ++failed)
+    EXPECT_THAT(drive.answers[failed], StartsWith(R"({"ok":false,"error":")"));
+  EXPECT_EQ(drive.errors, "");
 }
 
 }  // namespace

@@ -152,7 +152,7 @@ class PluginRoundsTest : public testing::Test {
   manager::ManagerTabs tabs{window.Manager()};
   CIPCMessageClient host{protocol::kHostModule, false};
   IQVXUIPlugin* plugin = nullptr;
-  std::uint32_t rounds = 0;
+  std::uint32_t rounds = pluginsManager.counts(kClassId).registered;
   int kept = 0;  // rounds in which its work kept the plugin for a while
 };
 
