@@ -20,6 +20,14 @@ class SystemClock final : public Clock {
   }
 };
 
+// Never destroyed: threads ask it to the end of the process. Nor allocated: each load of a module
+// that leaves the process would leave one behind.
+union KeptClock {
+  KeptClock() : clock() {}
+  ~KeptClock() {}
+  SystemClock clock;
+};
+
 }  // namespace
 
 void Clock::Sleep(std::chrono::nanoseconds time) {
@@ -29,9 +37,9 @@ void Clock::Sleep(std::chrono::nanoseconds time) {
 }
 
 Clock& CurrentClock() {
-  static SystemClock& system = *new SystemClock;
+  static KeptClock system;
   Clock* const set = State().clock;
-  return set == nullptr ? system : *set;
+  return set == nullptr ? system.clock : *set;
 }
 
 void SetClock(Clock* clock) {

@@ -93,6 +93,7 @@ constexpr AttributeRow kLabelRows[] = {
     {L"inset", Set<CLabelUI, ParseInsets, &CLabelUI::SetInset>},
     {L"multi-line", Set<CLabelUI, ParseBool, &CLabelUI::SetMultiLine>},
     {L"end-ellipsis", Set<CLabelUI, ParseBool, &CLabelUI::SetEndEllipsis>},
+    {L"marks", Set<CLabelUI, ParseBool, &CLabelUI::SetMarks>},
 };
 
 constexpr AttributeRow kOptionRows[] = {

@@ -11,7 +11,7 @@ const wchar_t* CLabelUI::GetClass() const {
 }
 
 CDuiString CLabelUI::GetPlainText() const {
-  return WithoutMarks(GetText());
+  return marks ? WithoutMarks(GetText()) : GetText();
 }
 
 void CLabelUI::SetFont(int number) {
@@ -41,6 +41,11 @@ void CLabelUI::SetEndEllipsis(bool value) {
   TextRulesChanged();
 }
 
+void CLabelUI::SetMarks(bool value) {
+  marks = value;
+  TextRulesChanged();
+}
+
 void CLabelUI::SetInset(const Insets& value) {
   inset = value;
   TextRulesChanged();
@@ -58,7 +63,7 @@ void CLabelUI::OnTextChanged() {
 }
 
 const std::vector<TextRun>& CLabelUI::GetRuns() const {
-  if (!runs) runs = ParseMarks(GetText());
+  if (!runs) runs = marks ? ParseMarks(GetText()) : std::vector{TextRun{GetText(), {}, {}, {}}};
   return *runs;
 }
 

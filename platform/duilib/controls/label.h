@@ -7,7 +7,7 @@
 
 namespace DuiLib {
 
-/// Text with marks; its links tell "link" with their number.
+/// Text, with marks where they are not turned off; its links tell "link" with their number.
 class DUILIB_API CLabelUI : public CControlUI {
  public:
   const wchar_t* GetClass() const override;
@@ -23,6 +23,8 @@ class DUILIB_API CLabelUI : public CControlUI {
   Place GetVAlign() const { return alignDown; }
   void SetMultiLine(bool value);
   void SetEndEllipsis(bool value);
+  /// Whether braces in the text can be marks. Not where it is a name from outside.
+  void SetMarks(bool value);
   /// Room between its sides and the text.
   void SetInset(const Insets& value);
 
@@ -58,6 +60,7 @@ class DUILIB_API CLabelUI : public CControlUI {
   std::optional<std::size_t> LinkAt(Point point);
 
   int font = 0;
+  bool marks = true;
   TextRules rules;
   Place alignAcross = Place::kStart;
   Place alignDown = Place::kMiddle;

@@ -95,17 +95,15 @@ TestAnswer CheckDevice() try {
   return {.notTested = L"the fingerprint service gives no answer: " + Words(error)};
 }
 
-void Call(sdbus::IProxy& reader, const char* method, const std::vector<std::string>& user) {
-  auto call = reader.callMethod(method);
-  call.onInterface(kDeviceInterface).withTimeout(kServicePatience);
-  if (!user.empty()) call.withArguments(user.front());
-}
-
 /// The reader is opened and let go of again.
 TestAnswer OpenReader(sdbus::IConnection& bus, const std::string& path) try {
   const auto reader = ObjectOf(bus, kService, path);
-  Call(*reader, "Claim", {""});  // for the user that asks
-  Call(*reader, "Release", {});
+  const char* const kUserThatAsks = "";
+  reader->callMethod("Claim")
+      .onInterface(kDeviceInterface)
+      .withTimeout(kServicePatience)
+      .withArguments(kUserThatAsks);
+  reader->callMethod("Release").onInterface(kDeviceInterface).withTimeout(kServicePatience);
   return {.text = L"the reader was opened; no finger was asked for"};
 } catch (const sdbus::Error& error) {
   if (error.getName() == std::string(kErrors) + "Internal")
