@@ -64,6 +64,8 @@ std::string Nested(int depth) {
 
 TEST_F(ConfigurationTest, AnUnusableListOffersNothingAndSaysSoInTheLogAlone) {
   const std::string file = common::PathText(list);
+  std::string fileInJson;
+  for (const char letter : file) fileInJson += letter == '\\' ? "\\\\" : std::string(1, letter);
   const struct {
     const char* name;
     std::string text;  // none: no file
@@ -88,7 +90,7 @@ TEST_F(ConfigurationTest, AnUnusableListOffersNothingAndSaysSoInTheLogAlone) {
     EXPECT_NE(Log().find(fault.logged), std::string::npos) << Log();
     for (const char* command : {"run", "check"})
       EXPECT_EQ(Run(command, 4).output,
-                R"({"type":"failed","error":"IDS_HARDWARE_TERMINAL_NOTHING_OFFERED()" + file +
+                R"({"type":"failed","error":"IDS_HARDWARE_TERMINAL_NOTHING_OFFERED()" + fileInJson +
                     R"x()","verdict":"notTested"})x" + "\n");
   }
 }

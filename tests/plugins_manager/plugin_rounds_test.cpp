@@ -117,10 +117,10 @@ class PluginRoundsTest : public testing::Test {
       message::WaitUntilDelivered();
       concurrency::wait_until_quiet();
     } while (DuiLib::HeadlessDesktop::Instance().RunWhatIsDue() != 0);
-    const auto timer = DuiLib::HeadlessDesktop::Instance().NextDue();
-    const auto sleeper = clock.NextDue();
-    if (!timer && !sleeper) return;
-    clock.WakeNext(std::min(timer.value_or(*sleeper), sleeper.value_or(*timer)));
+    constexpr auto kNever = std::chrono::nanoseconds::max();
+    const auto due = std::min(DuiLib::HeadlessDesktop::Instance().NextDue().value_or(kNever),
+                              clock.NextDue().value_or(kNever));
+    if (due != kNever) clock.WakeNext(due);
   }
 
   void Post(std::uint32_t id, const std::vector<std::uint8_t>& body) {

@@ -6,6 +6,7 @@
 
 #include "common/protocol/ipc_serialize.h"
 #include "common/protocol/message_ids.h"
+#include "platform/concurrency/task.h"
 #include "platform/duilib/layout/tab_layout.h"
 #include "platform/duilib/window/headless_window.h"
 #include "platform/message/ipc_message_client.h"
@@ -33,6 +34,9 @@ class UiPagesTest : public testing::Test {
     for (const char* page : {"archievement", "scan", "detect"})
       WriteLayout(page, "<Container name='" + std::string(page) + "'/>");
   }
+
+  // Names are read from the machine as long as it is in force.
+  ~UiPagesTest() override { concurrency::wait_until_quiet(); }
 
   void WriteLayout(const std::string& name, const std::string& xml) const {
     WriteText(inForce.folder.path / "res/layout" / ("sysdiagnose_" + name + ".xml"), xml);

@@ -65,13 +65,15 @@ class WindowsTest : public UiPagesTest {
 
   std::filesystem::path SkinFolder() const { return inForce.folder.path / "res"; }
 
-  CIPCMessageClient companion{protocol::kCompanionModule, false};
-  CIPCMessageClient manager{protocol::kManagerModule, false};
   ModalSteps steps;
 
  private:
   std::mutex mutex;
   std::vector<std::string> heard;
+
+ protected:  // what they are told is noted above
+  CIPCMessageClient companion{protocol::kCompanionModule, false};
+  CIPCMessageClient manager{protocol::kManagerModule, false};
 };
 
 TEST_F(WindowsTest, TheComputerIsRestartedOnConsentAlone) {
