@@ -161,7 +161,7 @@ TEST_F(DetectPageTest, TestsUnfoldOneByOneAndTheResultOffersRepairs) {
   RunFor(20);
   EXPECT_EQ(List().GetCount(), 1);
   EXPECT_EQ(Text(kSecond),
-            L"{f 105}{c #7F7F7F}IDS_HARDWARE_DIAGNOSE_ITEM IDS_HARDWARE_DETECT_DISPLAY "
+            L"{f 105}{c #7F7F7F}IDS_HARDWARE_DIAGNOSE_ITEM IDS_HARDWARE_DETECT_DISPLAY"
             L"IDS_HARDWARE_DIAGNOSE_DISPLAY_FAST{/c}{/f}");
   EXPECT_EQ(Height(L"lytHardware"), 64 + 17 + 20);
   EXPECT_EQ(Text(L"txtTitle"), L"IDS_HARDWARE_DIAGNOSE_DISPLAY_FAST");

@@ -27,16 +27,6 @@ constexpr DetectLook kRepairableResult{false, L"IDS_HARDWARE_DIAGNOSE_RESULT",
                                        L"IDS_HARDWARE_DIAGNOSE_REPAIR",
                                        L"IDS_HARDWARE_DETECT_BACK_MAIN", nullptr};
 
-// The first character of the scripts that put no blank between words.
-constexpr wchar_t kFirstWide = 0x2E80;
-
-// Two names beside one another.
-std::wstring Joined(const std::wstring& one, const std::wstring& other) {
-  const bool separates =
-      !one.empty() && !other.empty() && one.back() < kFirstWide && other.front() < kFirstWide;
-  return one + (separates ? L" " : L"") + other;
-}
-
 }  // namespace
 
 const DetectLook& LookOf(DetectState state, bool canRepair) {
@@ -46,8 +36,8 @@ const DetectLook& LookOf(DetectState state, bool canRepair) {
 
 std::wstring TestingText(const std::wstring& category, const std::wstring& test) {
   return L"{f 105}{c #7F7F7F}" +
-         UICulture::GetInstance()->GetString(L"IDS_HARDWARE_DIAGNOSE_ITEM") + L" " +
-         Joined(category, test) + L"{/c}{/f}";
+         UICulture::GetInstance()->GetString(L"IDS_HARDWARE_DIAGNOSE_ITEM") + L" " + category +
+         test + L"{/c}{/f}";
 }
 
 std::wstring SummaryText(int abnormal) {
