@@ -18,7 +18,9 @@ void StartToolkit() {
 
 // Without a display any font but one by its point size and face name crashes.
 wxFont MakeFont(const FontWish& wish) {
-  const wxFontWeight weight = wish.bold ? wxFONTWEIGHT_SEMIBOLD : wxFONTWEIGHT_NORMAL;
+  // A face without a bold cut, as the Chinese one, is made so for what asks for no less.
+  const wxFontWeight bold = wish.wide ? wxFONTWEIGHT_BOLD : wxFONTWEIGHT_SEMIBOLD;
+  const wxFontWeight weight = wish.bold ? bold : wxFONTWEIGHT_NORMAL;
   return {wxFontInfo(wish.dots * kPointsPerDot)
               .FaceName(kFaces)
               .Weight(weight)
