@@ -40,6 +40,7 @@ std::vector<enmHardwareID> SelectedCategories(const Arguments& arguments) {
 }
 
 std::string NothingOffered() {
+  if (!DetectCatalogue::Instance().items.empty()) return Line(L"ALL_LEFT_OUT");
   return Line(L"NOTHING_OFFERED", {common::Utf8ToWide(common::PathText(XmlHelper::ListPath()))});
 }
 

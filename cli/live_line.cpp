@@ -1,5 +1,6 @@
 #include "cli/live_line.h"
 
+#include <atomic>
 #include <cstdio>
 #include <utility>
 
@@ -23,7 +24,6 @@ LiveLine::LiveLine() : onTerminal(IsStyled()) {
   if (!onTerminal) return;
   redraw.emplace([](LiveLine* line) {
     const std::lock_guard lock(line->mutex);
-    line->TellOfInterrupt();
     line->Draw();
   });
   timer.emplace(kRedrawMs, this, &*redraw, true);
@@ -60,6 +60,7 @@ void LiveLine::Clear() {
 void LiveLine::Draw() {
   if (!onTerminal || shown.empty()) return;
   Erase();
+  TellOfInterrupt();
   const std::size_t columns = os::OutputColumns();
   const bool hasRoom = columns == 0 || columns >= kColumnsForProgress;
   const std::string more = behind && hasRoom ? behind() : std::string();
@@ -75,8 +76,8 @@ void LiveLine::Draw() {
 }
 
 void LiveLine::TellOfInterrupt() {
-  if (shown.empty() || !startup::Interruptible::HasCome() || std::exchange(hasTold, true)) return;
-  Erase();
+  static std::atomic<bool> hasTold = false;  // once, whichever line shows
+  if (!startup::Interruptible::HasCome() || hasTold.exchange(true)) return;
   std::puts(Coloured(Colour::Yellow, Indented(Text(L"STOPPING"), 0)).c_str());
 }
 

@@ -36,7 +36,6 @@ class LiveLine {
 
   std::mutex mutex;
   const bool onTerminal;
-  bool hasTold = false;  // of an interrupt
   std::string shown;
   std::function<std::string()> behind;
   std::chrono::steady_clock::time_point since;

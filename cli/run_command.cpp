@@ -12,11 +12,10 @@
 #include "cli/run_log.h"
 #include "cli/run_printer.h"
 #include "common/text.h"
-#include "platform/concurrency/task.h"
+#include "platform/machine/workloads/cut_short.h"
 #include "platform/os/replace_file.h"
 #include "platform/util/process_store.h"
 #include "startup/program.h"
-#include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/engine/diagnose_engine.h"
 #include "sysdiagnose/records/history_store.h"
 
@@ -139,7 +138,10 @@ class Diagnosis {
   }
 
   void WaitForEnd() {
-    interruptible.Cancels([this] { engine.CancelDetect(); });
+    interruptible.Cancels([this] {
+      engine.CancelDetect();
+      machine::CutTestsShort(true);
+    });
     engine.Wait();
     if (ended == kRunFailed) return;
     const std::string fault = WhyNotKept(engine.Record());
@@ -182,8 +184,6 @@ int RunDiagnosis(const Arguments& arguments) {
   if (!arguments.singleItems.empty()) return RunSingleItems(arguments);
   // Before the run: what it takes minutes to find out must not be lost.
   if (!arguments.reportFile.empty()) os::RequireReplaceable(arguments.reportFile);
-  DetectCatalogue::Instance();
-  concurrency::wait_until_idle();  // the summary then carries the device texts
   const std::vector<enmHardwareID> selection = CategoriesToTest(arguments);
 
   RunVerdicts verdicts(selection);

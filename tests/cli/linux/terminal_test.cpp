@@ -173,6 +173,21 @@ TEST_F(TerminalTest, IsPlainWhereTheUserOrTheTerminalWantsIt) {
   EXPECT_THAT(dumb.Written(), Not(HasSubstr("\033")));
 }
 
+// Of this machine's memory.
+TEST_F(TerminalTest, CtrlCCutsALongMemoryTestShortAndSaysSo) {
+  const std::string data = (folder.path / "data").string();
+  Terminal terminal({"--lang", "en-US", "--data-dir", data, "run", "memory", "display"});
+  ASSERT_TRUE(terminal.ReadUntil("[1/2] Memory  ")) << terminal.Written();
+  terminal.Type("\x03");
+  EXPECT_EQ(terminal.Wait(), 3);
+  const std::string& written = terminal.Written();
+  EXPECT_THAT(written, HasSubstr("cut short: only 4 MB of memory were tested"));
+  EXPECT_THAT(written, HasSubstr("Could not be tested 1, Not reached 1"));
+  EXPECT_THAT(written, Not(HasSubstr("Everything is normal")));
+  EXPECT_THAT(RunProgram({"--lang", "en-US", "--data-dir", data, "history"}).output,
+              HasSubstr("0 of 2 tested, cancelled\n"));
+}
+
 // The terminal sends the interrupt.
 TEST_F(TerminalTest, CtrlCEndsARunAfterItsCategory) {
   Terminal terminal(Words("en-US",
