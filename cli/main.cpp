@@ -37,6 +37,7 @@ bool IsInterruptible(const cli::Arguments& arguments) {
 int main(int argc, char** argv) {
   startup::ExpectInterrupts(cli::kCancelled);
   return startup::RunProgram("sysdiagnose", [argc, argv]() -> int {
+    startup::SpeakAsTheCommandLineAsks(argc, argv);
     cli::Arguments arguments;
     if (!cli::ParseArguments(argc, argv, arguments)) return cli::kAllNormal;
     if (!IsInterruptible(arguments)) startup::EndAtInterrupts(cli::kCancelled);

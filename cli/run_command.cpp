@@ -11,6 +11,7 @@
 #include "cli/report_file.h"
 #include "cli/run_log.h"
 #include "cli/run_printer.h"
+#include "cli/texts.h"
 #include "common/text.h"
 #include "platform/machine/workloads/cut_short.h"
 #include "platform/os/replace_file.h"
@@ -33,7 +34,7 @@ std::string WhyNotKept(const RunRecord& record) {
   util::TakeStoreReadFault();
   if (IsHistoryRecordStored(record)) return {};
   fault = util::TakeStoreReadFault();
-  return fault.empty() ? "the data store does not give the record back" : fault;
+  return fault.empty() ? Message(L"NOT_READ_BACK") : fault;
 }
 
 // One run of the terminal program: a detection, and repairs when they are asked for.
