@@ -66,12 +66,13 @@ void LiveLine::Draw() {
   const std::string more = behind && hasRoom ? behind() : std::string();
   const std::string time = (more.empty() ? "  " : "  " + more + "  ") +
                            common::SecondsText(std::chrono::steady_clock::now() - since);
-  // One row: what runs over into a second one could not be erased.
+  // One row, and the cursor at its beginning: a terminal that becomes narrower folds the row below
+  // the cursor, where the next drawing erases it.
   const std::size_t taken = Columns(common::Utf8ToWide(time)) + 1;  // the last column stays free
   const std::wstring text = common::Utf8ToWide(shown);
   const std::wstring fitting =
       columns == 0 ? text : Shortened(text, columns > taken ? columns - taken : 0);
-  std::printf("%s%s", common::WideToUtf8(fitting).c_str(), time.c_str());
+  std::printf("%s%s\r", common::WideToUtf8(fitting).c_str(), time.c_str());
   FlushOutput();
 }
 
@@ -83,7 +84,7 @@ void LiveLine::TellOfInterrupt() {
 
 void LiveLine::Erase() {
   if (!onTerminal) return;
-  std::fputs("\r\033[K", stdout);
+  std::fputs("\r\033[J", stdout);
   FlushOutput();
 }
 

@@ -11,8 +11,8 @@
 namespace cli {
 
 /// A line at the bottom of the terminal that shows what is going on and for how long. Without a
-/// terminal it shows nothing. Answers an interrupt, which the run follows when its test is over.
-/// Any thread.
+/// terminal it shows nothing. Follows the terminal's width. Answers an interrupt, which the run
+/// follows when its test is over. Any thread.
 class LiveLine {
  public:
   LiveLine();

@@ -55,6 +55,23 @@ TEST_F(TerminalTest, TheLiveLineKeepsToItsRowAndLeavesNothingBehind) {
   }
 }
 
+TEST_F(TerminalTest, TheLiveLineFollowsTheTerminalsWidth) {
+  Terminal terminal(Words("en-US", R"({"tests":{"CMemFaultDetect::CheckStuckAddr":{"delayMs":2500},
+                                                "CMemFaultDetect::CheckLineSeq":{"delayMs":600}}})",
+                          {"run", "memory"}));
+  ASSERT_TRUE(terminal.ReadUntil("  0.4 s")) << terminal.Written();
+  terminal.Resize(24);
+  ASSERT_TRUE(terminal.ReadUntil("Rising values")) << terminal.Written();
+  ASSERT_TRUE(terminal.ReadUntil("[1/1] Memory  Ri"));
+  const std::vector<std::string> rows = terminal.Shown().Rows();
+  EXPECT_THAT(rows[0], testing::Eq("Memory"));
+  EXPECT_THAT(rows[1], StartsWith("  Address lines")) << "nothing of the wide one is left";
+  EXPECT_EQ(std::count_if(rows.begin(), rows.end(),
+                          [](const std::string& row) { return row.find("[1/1]") != row.npos; }),
+            1);
+  EXPECT_EQ(terminal.Wait(), 0);
+}
+
 TEST_F(TerminalTest, ShowsTheSameLinesAsAFileGetsButInColour) {
   const auto words = Words("en-US", R"({"tests":{"CVideoCardDetect::CheckDevice":5}})",
                            {"run", "display", "graphics"});
