@@ -89,12 +89,15 @@ footer { margin-top: 2.5rem; color: var(--soft); font-size: .85rem; }
   tr { border-bottom: 1px solid var(--line); padding: .4rem 0; }
   tbody th, tbody td, .tests tbody th { width: auto; border: 0; padding: 0; text-align: left; }
   td:empty { display: none; }
+  .tests tbody tr { display: grid; grid-template-columns: minmax(0, 1fr) auto; column-gap: 1rem; }
+  .tests tbody td:nth-child(n + 3), tr.heading th { grid-column: 1 / -1; }
   td.code { width: auto; text-align: left; }
+  tr:has(.badge.normal) td.code { display: none; }
   td.code::before { content: attr(data-name) " "; color: var(--soft); }
 }
 @media print {
   body { max-width: none; padding: 0; font-size: 10.5pt; }
-  h2, h3 { break-after: avoid; }
+  h2, h3, tr.heading { break-after: avoid; }
   tr, li, .notice p, .chart { break-inside: avoid; }
   thead { display: table-header-group; }
   .notice, .key, .chart rect { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
