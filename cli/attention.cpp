@@ -35,12 +35,7 @@ std::wstring AttentionLine::Heading() const {
 }
 
 std::wstring AttentionLine::WhatToDo() const {
-  return cli::WhatToDo(hint, advice);
-}
-
-std::wstring WhatToDo(const std::wstring& hint, const std::wstring& advice) {
-  if (hint.empty() || advice.empty()) return hint + advice;
-  return Text(L"SENTENCES", {hint, advice});
+  return JoinedSentences(hint, advice);
 }
 
 void AttentionList::AddItem(enmHardwareID category, const std::wstring& device,

@@ -61,7 +61,4 @@ class AttentionList {
   std::vector<Noted> categories;
 };
 
-/// The hint of an abnormal item and the advice that completes it.
-std::wstring WhatToDo(const std::wstring& hint, const std::wstring& advice);
-
 }  // namespace cli

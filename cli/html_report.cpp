@@ -126,7 +126,7 @@ class HtmlReportWriter {
     const std::wstring heading = line.Heading();
     if (!heading.empty()) page.Text(Text(L"COMMA")).Text(heading);
     const std::wstring toDo =
-        WhatToDo(line.WhatToDo(), attention.repairOffered ? Text(L"REPAIR_OFFERED") : L"");
+        JoinedSentences(line.WhatToDo(), attention.repairOffered ? Text(L"REPAIR_OFFERED") : L"");
     if (!toDo.empty()) page.Text(Text(L"COLON")).Text(toDo);
     for (const std::wstring& detail : line.details)
       page.Html("<p class=\"note\">").Text(detail).Html("</p>");
@@ -260,7 +260,7 @@ class HtmlReportWriter {
     Badge(BadgeOf(VerdictOf(item)));
     page.Html("</td><td>");
     if (item.state == ItemState::Abnormal)
-      page.Text(WhatToDo(HintForOwner(category, item.hint), item.advice));
+      page.Text(JoinedSentences(HintForOwner(category, item.hint), item.advice));
     Words(item.words);
     page.Html("</td><td class=\"code\" data-name=\"").Label(L"CODE").Html("\">");
     if (item.state != ItemState::NotTested) page.Number(item.code);
