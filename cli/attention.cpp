@@ -1,6 +1,7 @@
 #include "cli/attention.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "cli/texts.h"
 #include "sysdiagnose/catalogue/detect_catalogue.h"
@@ -34,12 +35,7 @@ std::wstring AttentionLine::Heading() const {
 }
 
 std::wstring AttentionLine::WhatToDo() const {
-  return cli::WhatToDo(hint, advice);
-}
-
-std::wstring WhatToDo(const std::wstring& hint, const std::wstring& advice) {
-  if (hint.empty() || advice.empty()) return hint + advice;
-  return Text(L"SENTENCES", {hint, advice});
+  return JoinedSentences(hint, advice);
 }
 
 void AttentionList::AddItem(enmHardwareID category, const std::wstring& device,
@@ -60,7 +56,9 @@ void AttentionList::AddItem(enmHardwareID category, const std::wstring& device,
 void AttentionList::AddUnknown(enmHardwareID category, const std::wstring& text) {
   std::vector<AttentionLine>& lines = Of(category).shown.lines;
   if (lines.empty()) lines.push_back({DeviceOf(category), {}, {}, {}, {}});
-  lines.back().hint = text;
+  AttentionLine& line = lines.back();
+  const bool isKnownWhatToDo = !line.advice.empty();
+  line.hint = isKnownWhatToDo ? std::exchange(line.advice, Text(L"REST_LEFT_OUT")) : text;
 }
 
 void AttentionList::AddWords(enmHardwareID category, const ItemWords& words) {

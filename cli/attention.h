@@ -38,7 +38,8 @@ class AttentionList {
   void AddItem(orv::sysdiagnose::enmHardwareID category, const std::wstring& device,
                const orv::sysdiagnose::tagDetectItemDetail& detail, const ItemWords& words);
 
-  /// The rest of the category was left out: says more than the hint of the item that failed.
+  /// The rest of the category was left out: `text` says more than the hint of the item that failed,
+  /// but what to do about that only as long as no advice tells it better.
   void AddUnknown(orv::sysdiagnose::enmHardwareID category, const std::wstring& text);
 
   /// Said by a test that is no item.
@@ -59,8 +60,5 @@ class AttentionList {
 
   std::vector<Noted> categories;
 };
-
-/// The hint of an abnormal item and the advice that completes it.
-std::wstring WhatToDo(const std::wstring& hint, const std::wstring& advice);
 
 }  // namespace cli

@@ -12,7 +12,7 @@
 #include "common/protocol/ipc_serialize.h"
 #include "common/protocol/message_ids.h"
 #include "common/text.h"
-#include "platform/concurrency/task.h"
+#include "platform/machine/workloads/cut_short.h"
 #include "platform/message/ipc_message_client.h"
 #include "sysdiagnose/engine/quiet_runs.h"
 #include "sysdiagnose/records/diagnose_summary.h"
@@ -92,6 +92,7 @@ class Check {
     interruptible.Cancels([this] {
       isStopped = true;
       runs.RequestStop();
+      machine::CutTestsShort(true);
     });
     runs.Wait();
   }
@@ -157,7 +158,6 @@ class Check {
 
 int RunCheck(const Arguments& arguments) {
   const std::vector<enmHardwareID> offered = CategoriesToTest(arguments);
-  concurrency::wait_until_idle();  // the summaries then carry the device texts
 
   RunVerdicts verdicts(offered);
   const std::unique_ptr<RunPrinter> printer = MakeCheckPrinter(arguments.json, verdicts);

@@ -36,7 +36,8 @@ std::filesystem::path BrokerSocket(const Arguments& arguments);
 /// catalogue order. Throws UsageError when the last run has none of those asked for.
 std::vector<orv::sysdiagnose::enmHardwareID> SelectedCategories(const Arguments& arguments);
 
-/// Why there is nothing to test, when no category is named and none is offered.
+/// Why there is nothing to test, when no category is named: none is offered, or the machine is
+/// built without all that are.
 std::string NothingOffered();
 
 /// The caption of a category as people read it; its number when there is none.

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "cli/texts.h"
+#include "cli/verdict_line.h"
 
 namespace cli {
 namespace {
@@ -21,6 +22,16 @@ constexpr int kBar = 8;
 constexpr int kHeight = 96;
 constexpr int kBottom = kTop + kHeight;
 constexpr int kWidth = kLeft + kDays * kStep;
+
+struct BarRow {
+  std::string_view kind;  // class in the page
+  Verdict verdict;
+};
+
+// From below.
+constexpr auto kBars = std::to_array<BarRow>({{"normal", Verdict::Normal},
+                                              {"untested", Verdict::NotTested},
+                                              {"abnormal", Verdict::Abnormal}});
 
 int LeftOf(int daysBack) {
   return kLeft + (kDays - 1 - daysBack) * kStep;
@@ -40,8 +51,7 @@ std::string DateText(const os::LocalTime& today, int daysBack) {
 class Chart {
  public:
   Chart(const RunReport& shown, HtmlWriter& target) : report(shown), page(target) {
-    for (const ReportDay& day : report.history)
-      highest = std::max(highest, CountOf(day.record.passCount) + CountOf(day.record.failCount));
+    for (const ReportDay& day : report.history) highest = std::max(highest, HeightOf(day));
   }
 
   void Draw() {
@@ -61,7 +71,17 @@ class Chart {
   }
 
  private:
-  static std::int64_t CountOf(std::int32_t stored) { return std::max(stored, 0); }
+  static std::int64_t CountOf(const ReportDay& day, const BarRow& bar) {
+    return std::ranges::count_if(day.verdicts.All(), [&bar](const CategoryVerdict& each) {
+      return each.isReached && each.verdict == bar.verdict;
+    });
+  }
+
+  static std::int64_t HeightOf(const ReportDay& day) {
+    std::int64_t count = 0;
+    for (const BarRow& bar : kBars) count += CountOf(day, bar);
+    return count;
+  }
 
   int HeightOf(std::int64_t count) const { return static_cast<int>(count * kHeight / highest); }
 
@@ -100,23 +120,14 @@ class Chart {
   }
 
   void DrawDay(const ReportDay& day) {
-    const std::int64_t normal = CountOf(day.record.passCount);
-    const std::int64_t abnormal = CountOf(day.record.failCount);
-    const int top = kBottom - HeightOf(normal + abnormal);
-    const int middle = kBottom - HeightOf(normal);
-    page.Html("<g><title>")
-        .Text(DateText(report.written, day.daysBack))
-        .Text(Text(L"COLON"))
-        .Label(L"NORMAL")
-        .Html(" ")
-        .Number(normal)
-        .Text(Text(L"COMMA"))
-        .Label(L"ABNORMAL")
-        .Html(" ")
-        .Number(abnormal)
-        .Html("</title>");
-    DrawBar("normal", day.daysBack, middle, kBottom);
-    DrawBar("abnormal", day.daysBack, top, middle);
+    page.Html("<g><title>").Text(DateText(report.written, day.daysBack)).Text(Text(L"COLON"));
+    page.Text(CountsText(day.verdicts)).Html("</title>");
+    std::int64_t below = 0;
+    for (const BarRow& bar : kBars) {
+      const std::int64_t upTo = below + CountOf(day, bar);
+      DrawBar(bar.kind, day.daysBack, kBottom - HeightOf(upTo), kBottom - HeightOf(below));
+      below = upTo;
+    }
     page.Html("</g>\n");
   }
 

@@ -34,9 +34,14 @@ const BadgeRow& BadgeOf(Verdict verdict) {
   return kVerdictBadges.at(static_cast<std::size_t>(verdict));
 }
 
-// As they stand below the title.
-constexpr auto kCounted = std::to_array<Verdict>(
-    {Verdict::Normal, Verdict::Abnormal, Verdict::NotTested, Verdict::NotThere});
+const BadgeRow& BadgeOf(const CategoryVerdict* verdict) {
+  return verdict == nullptr || !verdict->isReached ? kNotSelectedBadge : BadgeOf(verdict->verdict);
+}
+
+// Reached, but not to be tested.
+bool IsUntested(const CategoryVerdict& verdict) {
+  return verdict.isReached && verdict.verdict == Verdict::NotTested;
+}
 
 // Headline by RunEnd; a run that finished says more by itself.
 constexpr auto kUnfinished = std::to_array<const wchar_t*>({nullptr, L"CANCELLED", L"FAILED"});
@@ -84,11 +89,8 @@ class HtmlReportWriter {
     page.Html("<header>\n<p class=\"kind\">").Label(L"TITLE").Html("</p>\n<h1>");
     Product();
     page.Html("</h1>\n<p class=\"facts\">").Text(TimeText(report.written));
-    for (const Verdict verdict : kCounted) {
-      const std::size_t count = report.verdicts.CountOf(verdict);
-      if (count == 0 && verdict != Verdict::Normal && verdict != Verdict::Abnormal) continue;
-      page.Html(" · ").Text(WordsOf(verdict)).Html(" ").Number(static_cast<std::int64_t>(count));
-    }
+    for (const auto& [words, count] : CountsOf(report.verdicts))
+      page.Html(" · ").Text(words).Html(" ").Number(static_cast<std::int64_t>(count));
     page.Html("</p>\n</header>\n");
   }
 
@@ -96,7 +98,7 @@ class HtmlReportWriter {
   void Notice() {
     const std::vector<Attention> attention = report.attention.Of(report.verdicts);
     const bool bad = !attention.empty();
-    const bool lacking = report.verdicts.CountOf(Verdict::NotTested) != 0;
+    const bool lacking = std::ranges::any_of(report.verdicts.All(), &IsUntested);
     const wchar_t* const unfinished = kUnfinished[static_cast<std::size_t>(report.end)];
     page.Html(bad || unfinished || !report.notKept.empty() ? "<div class=\"notice bad\">\n"
               : lacking                                    ? "<div class=\"notice lacking\">\n"
@@ -124,18 +126,17 @@ class HtmlReportWriter {
     const std::wstring heading = line.Heading();
     if (!heading.empty()) page.Text(Text(L"COMMA")).Text(heading);
     const std::wstring toDo =
-        WhatToDo(line.WhatToDo(), attention.repairOffered ? Text(L"REPAIR_OFFERED") : L"");
+        JoinedSentences(line.WhatToDo(), attention.repairOffered ? Text(L"REPAIR_OFFERED") : L"");
     if (!toDo.empty()) page.Text(Text(L"COLON")).Text(toDo);
     for (const std::wstring& detail : line.details)
       page.Html("<p class=\"note\">").Text(detail).Html("</p>");
     page.Html("</li>\n");
   }
 
-  // What was reached, but could not be tested.
   void Untested() {
     page.Html("<ul>\n");
     for (const CategoryVerdict& each : report.verdicts.All()) {
-      if (each.verdict != Verdict::NotTested || !each.isReached) continue;
+      if (!IsUntested(each)) continue;
       page.Html("<li>").Text(CaptionOf(each.category)).Text(Text(L"COLON"));
       page.Text(WordsOf(each.verdict));
       if (!each.reason.empty()) page.Text(Text(L"COMMA")).Text(each.reason);
@@ -153,10 +154,8 @@ class HtmlReportWriter {
   void Results() {
     page.Html("<section>\n<h2>").Label(L"RESULTS").Html("</h2>\n<ul class=\"results\">\n");
     for (const enmHardwareID category : kRecordOrder) {
-      const CategoryVerdict* verdict = report.verdicts.Find(category);
       page.Html("<li>").Text(CaptionOf(category)).Html(" ");
-      Badge(verdict == nullptr || !verdict->isReached ? kNotSelectedBadge
-                                                      : BadgeOf(verdict->verdict));
+      Badge(BadgeOf(report.verdicts.Find(category)));
       page.Html("</li>\n");
     }
     page.Html("</ul>\n</section>\n");
@@ -172,10 +171,16 @@ class HtmlReportWriter {
       page.Html("<div class=\"past\">");
       DrawHistory(report, page);
       page.Html("</div>\n");
-      page.Html("<p class=\"note\"><span class=\"key normal\"></span>").Label(L"NORMAL");
-      page.Html("<span class=\"key abnormal\"></span>").Label(L"ABNORMAL").Html("</p>\n");
+      page.Html("<p class=\"note\">");
+      for (const Verdict verdict : {Verdict::Normal, Verdict::NotTested, Verdict::Abnormal})
+        Key(BadgeOf(verdict));
+      page.Html("</p>\n");
     }
     page.Html("</section>\n");
+  }
+
+  void Key(const BadgeRow& badge) {
+    page.Html("<span class=\"key ").Html(badge.kind).Html("\"></span>").Label(badge.label);
   }
 
   void Unreadable(const std::string& reason) {
@@ -184,7 +189,7 @@ class HtmlReportWriter {
 
   void Category(const ReportCategory& category) {
     page.Html("<section class=\"category\">\n<h2>").Text(category.caption);
-    Badge(BadgeOf(VerdictOf(report, category.id)));
+    Badge(BadgeOf(report.verdicts.Find(category.id)));
     page.Html("</h2>\n");
     for (const std::wstring& text : category.unknown) page.Html("<p>").Text(text).Html("</p>\n");
     if (!category.repairOffer.empty() && category.repairs.empty())
@@ -255,7 +260,7 @@ class HtmlReportWriter {
     Badge(BadgeOf(VerdictOf(item)));
     page.Html("</td><td>");
     if (item.state == ItemState::Abnormal)
-      page.Text(WhatToDo(HintForOwner(category, item.hint), item.advice));
+      page.Text(JoinedSentences(HintForOwner(category, item.hint), item.advice));
     Words(item.words);
     page.Html("</td><td class=\"code\" data-name=\"").Label(L"CODE").Html("\">");
     if (item.state != ItemState::NotTested) page.Number(item.code);

@@ -1,5 +1,6 @@
 #include "cli/live_line.h"
 
+#include <atomic>
 #include <cstdio>
 #include <utility>
 
@@ -23,7 +24,6 @@ LiveLine::LiveLine() : onTerminal(IsStyled()) {
   if (!onTerminal) return;
   redraw.emplace([](LiveLine* line) {
     const std::lock_guard lock(line->mutex);
-    line->TellOfInterrupt();
     line->Draw();
   });
   timer.emplace(kRedrawMs, this, &*redraw, true);
@@ -60,29 +60,31 @@ void LiveLine::Clear() {
 void LiveLine::Draw() {
   if (!onTerminal || shown.empty()) return;
   Erase();
+  TellOfInterrupt();
   const std::size_t columns = os::OutputColumns();
   const bool hasRoom = columns == 0 || columns >= kColumnsForProgress;
   const std::string more = behind && hasRoom ? behind() : std::string();
   const std::string time = (more.empty() ? "  " : "  " + more + "  ") +
                            common::SecondsText(std::chrono::steady_clock::now() - since);
-  // One row: what runs over into a second one could not be erased.
+  // One row, and the cursor at its beginning: a terminal that becomes narrower folds the row below
+  // the cursor, where the next drawing erases it.
   const std::size_t taken = Columns(common::Utf8ToWide(time)) + 1;  // the last column stays free
   const std::wstring text = common::Utf8ToWide(shown);
   const std::wstring fitting =
       columns == 0 ? text : Shortened(text, columns > taken ? columns - taken : 0);
-  std::printf("%s%s", common::WideToUtf8(fitting).c_str(), time.c_str());
+  std::printf("%s%s\r", common::WideToUtf8(fitting).c_str(), time.c_str());
   FlushOutput();
 }
 
 void LiveLine::TellOfInterrupt() {
-  if (shown.empty() || !startup::Interruptible::HasCome() || std::exchange(hasTold, true)) return;
-  Erase();
+  static std::atomic<bool> hasTold = false;  // once, whichever line shows
+  if (!startup::Interruptible::HasCome() || hasTold.exchange(true)) return;
   std::puts(Coloured(Colour::Yellow, Indented(Text(L"STOPPING"), 0)).c_str());
 }
 
 void LiveLine::Erase() {
   if (!onTerminal) return;
-  std::fputs("\r\033[K", stdout);
+  std::fputs("\r\033[J", stdout);
   FlushOutput();
 }
 

@@ -11,8 +11,8 @@
 namespace cli {
 
 /// A line at the bottom of the terminal that shows what is going on and for how long. Without a
-/// terminal it shows nothing. Answers an interrupt, which the run follows when its test is over.
-/// Any thread.
+/// terminal it shows nothing. Follows the terminal's width. Answers an interrupt, which the run
+/// follows when its test is over. Any thread.
 class LiveLine {
  public:
   LiveLine();
@@ -36,7 +36,6 @@ class LiveLine {
 
   std::mutex mutex;
   const bool onTerminal;
-  bool hasTold = false;  // of an interrupt
   std::string shown;
   std::function<std::string()> behind;
   std::chrono::steady_clock::time_point since;

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "cli/texts.h"
 #include "common/protocol/message_ids.h"
 #include "sysdiagnose/records/ipc_helper.h"
 
@@ -77,8 +78,7 @@ bool LogTalk::HasServiceEnded() {
 }
 
 std::runtime_error LogTalk::Silence() {
-  return std::runtime_error(HasServiceEnded() ? "the companion service ended unexpectedly"
-                                              : "the companion service does not answer");
+  return std::runtime_error(Message(HasServiceEnded() ? L"SERVICE_LOST" : L"SERVICE_SILENT"));
 }
 
 void LogTalk::Post(std::uint32_t messageId, std::uint32_t replyId, bool withByte) {

@@ -75,7 +75,7 @@ std::string FailureTold() {
     if (reason.ends_with('\n')) reason.pop_back();
     return reason;
   } catch (const std::exception&) {
-    return "the companion service does not say why";
+    return Message(L"NO_REASON");
   }
 }
 
@@ -88,13 +88,13 @@ fs::path NewArchive(LogTalk& talk, const std::set<fs::path>& before) {
     const bool done = talk.IsDone();
     for (const fs::path& archive : Archives())
       if (!before.contains(archive)) return archive;
-    if (done) throw std::runtime_error("the logs were not packed: " + FailureTold());
-    if (ended) throw std::runtime_error("the companion service ended before the logs were packed");
+    if (done) throw std::runtime_error(Message(L"NOT_PACKED", {FailureTold()}));
+    if (ended) throw std::runtime_error(Message(L"SERVICE_ENDED"));
     if (bytes != std::exchange(bytes, BytesInOutbox())) idle = 0ms;
     os::CurrentClock().Sleep(kLook);
   }
   if (talk.Interrupted()) return {};
-  throw std::runtime_error("the companion service does not go on packing");
+  throw std::runtime_error(Message(L"SERVICE_STUCK"));
 }
 
 bool HasApplicationLog(const LogTalk::Items& items) {
@@ -122,7 +122,7 @@ int Upload(const Arguments& arguments, LogTalk& talk) {
   else
     std::puts(Line(L"PACKED", {common::Utf8ToWide(common::PathText(archive))}).c_str());
   if (arguments.showArchive && !os::RevealInFolder(archive))
-    throw std::runtime_error(common::PathText(archive) + ": its folder cannot be shown");
+    throw std::runtime_error(Message(L"NOT_SHOWN", {common::PathText(archive)}));
   return kAllNormal;
 }
 
@@ -144,7 +144,7 @@ int Offer(const Arguments& arguments, LogTalk& talk) {
   Print(arguments, items);
   if (talk.Interrupted()) return kCancelled;
   if (!items.empty() && !HasApplicationLog(items))
-    throw std::runtime_error("the application log was not written: " + FailureTold());
+    throw std::runtime_error(Message(L"LOG_NOT_WRITTEN", {FailureTold()}));
   return arguments.upload ? Upload(arguments, talk) : kAllNormal;
 }
 

@@ -35,10 +35,12 @@ bool IsInterruptible(const cli::Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  startup::ExpectInterrupts(cli::kCancelled);
   return startup::RunProgram("sysdiagnose", [argc, argv]() -> int {
+    startup::SpeakAsTheCommandLineAsks(argc, argv);
     cli::Arguments arguments;
     if (!cli::ParseArguments(argc, argv, arguments)) return cli::kAllNormal;
-    if (IsInterruptible(arguments)) startup::ExpectInterrupts(cli::kCancelled);
+    if (!IsInterruptible(arguments)) startup::EndAtInterrupts(cli::kCancelled);
     startup::PutDiagnosisInForce(InFolderOfItsOwn(arguments));
     const int status = kCommands[static_cast<std::size_t>(arguments.command)](arguments);
     cli::RequireOutput();

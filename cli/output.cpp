@@ -7,6 +7,8 @@
 #include <string>
 #include <system_error>
 
+#include "cli/texts.h"
+
 namespace cli {
 namespace {
 
@@ -22,8 +24,9 @@ void FlushOutput() {
 void RequireOutput() {
   FlushOutput();
   if (failure == 0 && std::ferror(stdout) == 0) return;
-  const std::string reason = failure == 0 ? "" : ": " + std::generic_category().message(failure);
-  throw std::runtime_error("the output could not be written" + reason);
+  throw std::runtime_error(
+      failure == 0 ? Message(L"OUTPUT_LOST")
+                   : Message(L"OUTPUT_LOST_FOR", {std::generic_category().message(failure)}));
 }
 
 }  // namespace cli

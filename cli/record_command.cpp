@@ -28,7 +28,7 @@ std::wstring ProductVersion() {
 void RequireNew(const std::filesystem::path& file) {
   std::error_code error;
   if (std::filesystem::exists(std::filesystem::symlink_status(file, error)))
-    throw UsageError(common::PathText(file) + ": exists already; --force replaces it");
+    throw UsageError(Message(L"FILE_EXISTS", {common::PathText(file)}));
 }
 
 }  // namespace

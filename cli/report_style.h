@@ -11,14 +11,14 @@ inline constexpr std::string_view kReportStyle = R"css(
   color-scheme: light;
   --ink: #1f2933; --soft: #52606d; --line: #e4e7eb; --rule: #cbd2d9; --paper: #fff;
   --good: #2f7d4f; --good-paper: #f0f7f2; --good-bar: #8fc3a3;
-  --bad: #b42318; --bad-paper: #fdf3f2; --lacking: #8a5a00; --lacking-paper: #fdf8ec;
+  --bad: #b42318; --bad-paper: #fdf3f2; --lacking: #8a5a00; --lacking-paper: #fdf8ec; --lacking-bar: #e3c583;
 }
 @media screen and (prefers-color-scheme: dark) {
   :root {
     color-scheme: dark;
     --ink: #e4e7eb; --soft: #a3b0bd; --line: #323f4b; --rule: #52606d; --paper: #161b21;
     --good: #7fcf9c; --good-paper: #1b2a21; --good-bar: #4f8f67;
-    --bad: #ff9b8f; --bad-paper: #33201e; --lacking: #f0c060; --lacking-paper: #2e2818;
+    --bad: #ff9b8f; --bad-paper: #33201e; --lacking: #f0c060; --lacking-paper: #2e2818; --lacking-bar: #8a7440;
   }
 }
 * { box-sizing: border-box; }
@@ -74,6 +74,7 @@ td.code, th.code { width: 6rem; text-align: right; padding-right: 0;
 .chart .end { text-anchor: end; }
 .chart .level { stroke: var(--rule); fill: none; }
 .chart .normal, .key.normal { fill: var(--good-bar); background: var(--good-bar); }
+.chart .untested, .key.untested { fill: var(--lacking-bar); background: var(--lacking-bar); }
 .chart .abnormal, .key.abnormal { fill: var(--bad); background: var(--bad); }
 .key { display: inline-block; width: .7rem; height: .7rem; margin: 0 .35rem 0 1rem; }
 .key:first-child { margin-left: 0; }
@@ -88,12 +89,15 @@ footer { margin-top: 2.5rem; color: var(--soft); font-size: .85rem; }
   tr { border-bottom: 1px solid var(--line); padding: .4rem 0; }
   tbody th, tbody td, .tests tbody th { width: auto; border: 0; padding: 0; text-align: left; }
   td:empty { display: none; }
+  .tests tbody tr { display: grid; grid-template-columns: minmax(0, 1fr) auto; column-gap: 1rem; }
+  .tests tbody td:nth-child(n + 3), tr.heading th { grid-column: 1 / -1; }
   td.code { width: auto; text-align: left; }
+  tr:has(.badge.normal) td.code { display: none; }
   td.code::before { content: attr(data-name) " "; color: var(--soft); }
 }
 @media print {
   body { max-width: none; padding: 0; font-size: 10.5pt; }
-  h2, h3 { break-after: avoid; }
+  h2, h3, tr.heading { break-after: avoid; }
   tr, li, .notice p, .chart { break-inside: avoid; }
   thead { display: table-header-group; }
   .notice, .key, .chart rect { print-color-adjust: exact; -webkit-print-color-adjust: exact; }

@@ -11,12 +11,12 @@
 #include "cli/report_file.h"
 #include "cli/run_log.h"
 #include "cli/run_printer.h"
+#include "cli/texts.h"
 #include "common/text.h"
-#include "platform/concurrency/task.h"
+#include "platform/machine/workloads/cut_short.h"
 #include "platform/os/replace_file.h"
 #include "platform/util/process_store.h"
 #include "startup/program.h"
-#include "sysdiagnose/catalogue/detect_catalogue.h"
 #include "sysdiagnose/engine/diagnose_engine.h"
 #include "sysdiagnose/records/history_store.h"
 
@@ -34,7 +34,7 @@ std::string WhyNotKept(const RunRecord& record) {
   util::TakeStoreReadFault();
   if (IsHistoryRecordStored(record)) return {};
   fault = util::TakeStoreReadFault();
-  return fault.empty() ? "the data store does not give the record back" : fault;
+  return fault.empty() ? Message(L"NOT_READ_BACK") : fault;
 }
 
 // One run of the terminal program: a detection, and repairs when they are asked for.
@@ -139,7 +139,10 @@ class Diagnosis {
   }
 
   void WaitForEnd() {
-    interruptible.Cancels([this] { engine.CancelDetect(); });
+    interruptible.Cancels([this] {
+      engine.CancelDetect();
+      machine::CutTestsShort(true);
+    });
     engine.Wait();
     if (ended == kRunFailed) return;
     const std::string fault = WhyNotKept(engine.Record());
@@ -182,8 +185,6 @@ int RunDiagnosis(const Arguments& arguments) {
   if (!arguments.singleItems.empty()) return RunSingleItems(arguments);
   // Before the run: what it takes minutes to find out must not be lost.
   if (!arguments.reportFile.empty()) os::RequireReplaceable(arguments.reportFile);
-  DetectCatalogue::Instance();
-  concurrency::wait_until_idle();  // the summary then carries the device texts
   const std::vector<enmHardwareID> selection = CategoriesToTest(arguments);
 
   RunVerdicts verdicts(selection);

@@ -108,11 +108,6 @@ std::optional<LoggedRun> RunOf(std::string_view line) {
 
 }  // namespace
 
-std::size_t LoggedRun::CountOf(Verdict verdict) const {
-  return static_cast<std::size_t>(
-      std::ranges::count(categories, verdict, &LoggedCategory::verdict));
-}
-
 void LogRun(const LoggedRun& run) {
   os::AppendLine(LogFile(), TextOf(run));
 }

@@ -26,8 +26,6 @@ struct LoggedRun {
   std::vector<int> results;                // of that row
   std::string end;                         // "finished" or "cancelled"
   std::vector<LoggedCategory> categories;  // in the order of the selection
-
-  std::size_t CountOf(Verdict verdict) const;
 };
 
 /// Appends a run. Throws std::runtime_error naming the file.

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 
+#include "cli/kept_verdicts.h"
 #include "common/log.h"
 #include "platform/machine/current.h"
 #include "platform/util/process_store.h"
@@ -40,9 +41,11 @@ int DaysBack(std::int64_t secondTime) {
 void AddHistory(RunReport& report) {
   util::TakeStoreReadFault();
   try {
-    LoadDailyHistory(kDays, [&report](const std::vector<HistoryRecord>& records) {
+    const std::vector<LoggedRun> logged = ReadRunLog();
+    LoadDailyHistory(kDays, [&](const std::vector<HistoryRecord>& records) {
       for (const HistoryRecord& record : records)
-        report.history.push_back({DaysBack(record.secondTime), record});
+        report.history.push_back(
+            {DaysBack(record.secondTime), record, VerdictsOf(record, logged).verdicts});
     });
   } catch (...) {
     report.historyFault = common::DescribeCurrentException();

@@ -55,6 +55,7 @@ enum class RunEnd { Finished, Cancelled, Failed };
 struct ReportDay {
   int daysBack = 0;  // 0 is today
   orv::sysdiagnose::HistoryRecord record;
+  RunVerdicts verdicts;
 };
 
 /// All that a report tells of a run, as it is: nothing masked, nothing escaped.

@@ -7,8 +7,12 @@
 #include "cli/terminal_text.h"
 #include "cli/texts.h"
 #include "cli/verdict_line.h"
+#include "sysdiagnose/engine/advice.h"
 
 namespace cli {
+
+using namespace orv::sysdiagnose;
+
 namespace {
 
 constexpr std::size_t kCategoryIndent = 2;
@@ -18,7 +22,7 @@ constexpr std::size_t kDetailIndent = 6;
 void Print(const AttentionLine& line, bool repairOffered) {
   const std::wstring heading = line.Heading();
   const std::wstring toDo =
-      WhatToDo(line.WhatToDo(), repairOffered ? Text(L"REPAIR_OFFERED") : std::wstring());
+      JoinedSentences(line.WhatToDo(), repairOffered ? Text(L"REPAIR_OFFERED") : std::wstring());
   const std::wstring between = heading.empty() || toDo.empty() ? std::wstring() : Text(L"COLON");
   std::puts(Indented(heading + between + toDo, kLineIndent).c_str());
   for (const std::wstring& detail : line.details)

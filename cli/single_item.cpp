@@ -11,6 +11,7 @@
 #include "cli/commands.h"
 #include "cli/json_line.h"
 #include "cli/terminal_text.h"
+#include "cli/texts.h"
 #include "cli/verdict_line.h"
 #include "common/text.h"
 #include "platform/machine/current.h"
@@ -70,8 +71,8 @@ Item FindItem(const std::string& word) {
     if (item.name == name) return item;
     known += (known.empty() ? "" : ", ") + std::string(item.name);
   }
-  throw UsageError("unknown item \"" + word + "\"; the category has " +
-                   (known.empty() ? "none" : known));
+  throw UsageError(known.empty() ? Message(L"NO_ITEMS", {word})
+                                 : Message(L"UNKNOWN_ITEM", {word, known}));
 }
 
 Verdict VerdictOf(const Item& item, const machine::TestAnswer& answer) {

@@ -16,6 +16,7 @@
 #include "cli/verdict_line.h"
 #include "common/seconds_text.h"
 #include "common/text.h"
+#include "sysdiagnose/engine/advice.h"
 
 namespace cli {
 
@@ -143,7 +144,7 @@ class TextRunPrinter final : public RunPrinter {
     std::printf("\n%s\n", CountsLine(verdicts).c_str());
     const std::wstring took = Text(L"TOOK", {common::Utf8ToWide(elapsed)});
     const std::wstring kept = Text(L"KEPT", {common::Utf8ToWide(record.dateTime)});
-    std::puts(Indented(notKept.empty() ? Text(L"SENTENCES", {took, kept}) : took, 0).c_str());
+    std::puts(Indented(notKept.empty() ? JoinedSentences(took, kept) : took, 0).c_str());
     if (!notKept.empty())
       std::puts(Coloured(Colour::Red, Line(L"NOT_KEPT", {common::Utf8ToWide(notKept)})).c_str());
   }

@@ -1,6 +1,7 @@
 #include "cli/texts.h"
 
 #include "common/printable.h"
+#include "common/text.h"
 #include "platform/duilib/culture/culture.h"
 
 namespace cli {
@@ -26,6 +27,12 @@ std::string Line(const wchar_t* id) {
 
 std::string Line(const wchar_t* id, const std::vector<std::wstring>& arguments) {
   return common::Printable(Text(id, arguments));
+}
+
+std::string Message(const wchar_t* id, const std::vector<std::string>& arguments) {
+  std::vector<std::wstring> wide;
+  for (const std::string& argument : arguments) wide.push_back(common::Utf8ToWide(argument));
+  return common::WideToUtf8(Text(id, wide));
 }
 
 }  // namespace cli

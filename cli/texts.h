@@ -15,4 +15,8 @@ std::wstring Text(const wchar_t* id, const std::vector<std::wstring>& arguments)
 std::string Line(const wchar_t* id);
 std::string Line(const wchar_t* id, const std::vector<std::wstring>& arguments);
 
+/// A text for the end of the program, of and in UTF-8 as it stands: whoever prints it makes it
+/// printable.
+std::string Message(const wchar_t* id, const std::vector<std::string>& arguments = {});
+
 }  // namespace cli

@@ -90,6 +90,10 @@ std::size_t RunVerdicts::CountOf(Verdict verdict) const {
       std::ranges::count(categories, verdict, &CategoryVerdict::verdict));
 }
 
+std::size_t RunVerdicts::CountOfTested() const {
+  return CountOf(Verdict::Normal) + CountOf(Verdict::Abnormal);
+}
+
 std::size_t RunVerdicts::CountOfReached() const {
   return static_cast<std::size_t>(
       std::ranges::count(categories, true, &CategoryVerdict::isReached));

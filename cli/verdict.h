@@ -33,7 +33,7 @@ Verdict VerdictOf(const orv::sysdiagnose::tagDetectItemDetail& detail, const Ite
 struct CategoryVerdict {
   orv::sysdiagnose::enmHardwareID category{};
   Verdict verdict = Verdict::NotTested;
-  std::wstring reason;                   // why it is not normal, as far as that is known
+  std::wstring reason{};                 // why it is not normal, as far as that is known
   Verdict ifRepaired = Verdict::Normal;  // worst of the rows that a repair leaves as they are
   bool isReached = false;
   std::chrono::milliseconds took{0};
@@ -63,6 +63,9 @@ class RunVerdicts {
 
   std::size_t CountOf(Verdict verdict) const;
   std::size_t CountOfReached() const;
+
+  /// Of those that were reached, the ones that could be tested.
+  std::size_t CountOfTested() const;
 
  private:
   std::vector<CategoryVerdict> categories;

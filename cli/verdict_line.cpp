@@ -36,20 +36,33 @@ std::string VerdictLine(const std::wstring& caption, Verdict verdict) {
          std::string(kGap, ' ') + coloured;
 }
 
-std::string CountsLine(const RunVerdicts& verdicts) {
-  std::wstring line;
+std::vector<VerdictCount> CountsOf(const RunVerdicts& verdicts) {
+  const std::size_t unreached = verdicts.All().size() - verdicts.CountOfReached();
+  std::vector<VerdictCount> counts;
   for (const Verdict verdict : kCounted) {
-    const std::size_t count = verdicts.CountOf(verdict);
-    if (count == 0 && verdict != Verdict::Normal && verdict != Verdict::Abnormal) continue;
-    line +=
-        (line.empty() ? L"" : Text(L"COMMA")) + WordsOf(verdict) + L" " + std::to_wstring(count);
+    const std::size_t count =
+        verdicts.CountOf(verdict) - (verdict == Verdict::NotTested ? unreached : 0);
+    if (count != 0 || verdict == Verdict::Normal || verdict == Verdict::Abnormal)
+      counts.push_back({WordsOf(verdict), count});
   }
-  return Indented(Text(L"CATEGORIES") + Text(L"COLON") + line, 0);
+  if (unreached != 0) counts.push_back({Text(L"UNREACHED"), unreached});
+  return counts;
+}
+
+std::wstring CountsText(const RunVerdicts& verdicts) {
+  std::wstring text;
+  for (const auto& [words, count] : CountsOf(verdicts))
+    text += (text.empty() ? L"" : Text(L"COMMA")) + words + L" " + std::to_wstring(count);
+  return text;
+}
+
+std::string CountsLine(const RunVerdicts& verdicts) {
+  return Indented(Text(L"CATEGORIES") + Text(L"COLON") + CountsText(verdicts), 0);
 }
 
 std::string TestedLine(const RunVerdicts& verdicts) {
   return Line(L"TESTED",
-              {std::to_wstring(verdicts.CountOfReached()), std::to_wstring(verdicts.All().size())});
+              {std::to_wstring(verdicts.CountOfTested()), std::to_wstring(verdicts.All().size())});
 }
 
 }  // namespace cli

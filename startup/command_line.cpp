@@ -1,13 +1,24 @@
 #include "startup/command_line.h"
 
-#include <string>
 #include <vector>
 
 #include "startup/usage_error.h"
 
 namespace startup {
 
-bool Parse(CLI::App& app, int argc, const char* const* argv) {
+std::string UnknownWord(const CLI::App& app) {
+  const std::vector<std::string> unknown = app.remaining(true);
+  return unknown.empty() ? std::string() : unknown.front();
+}
+
+std::string EnglishUsageWords(const CLI::App& app, const CLI::ParseError& error) {
+  const std::string unknown = UnknownWord(app);
+  return (unknown.empty() ? std::string(error.what())
+                          : "unknown command or option \"" + unknown + '"') +
+         "; see " + app.get_name() + " --help";
+}
+
+bool Parse(CLI::App& app, int argc, const char* const* argv, UsageWords words) {
   try {
     app.parse(argc, argv);
     return true;
@@ -15,10 +26,7 @@ bool Parse(CLI::App& app, int argc, const char* const* argv) {
     app.exit(help);
     return false;
   } catch (const CLI::ParseError& error) {
-    const std::vector<std::string> unknown = app.remaining(true);
-    throw UsageError((unknown.empty() ? std::string(error.what())
-                                      : "unknown command or option \"" + unknown.front() + '"') +
-                     "; see " + app.get_name() + " --help");
+    throw UsageError(words(app, error));
   }
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/os/interrupt.h"
+#include "platform/os/process_end.h"
 
 namespace startup {
 namespace {
@@ -32,6 +33,12 @@ void ExpectInterrupts(int exitStatus) {
   interrupted = false;
   os::OnInterrupt(&Interrupt, exitStatus);
   expected = true;
+}
+
+void EndAtInterrupts(int exitStatus) {
+  os::OnInterrupt(nullptr, exitStatus);
+  expected = false;
+  if (interrupted) os::EndProcess(exitStatus);
 }
 
 Interruptible::Interruptible(int exitStatus) {

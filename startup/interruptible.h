@@ -9,6 +9,10 @@ namespace startup {
 /// have one.
 void ExpectInterrupts(int exitStatus);
 
+/// From now on an interrupt ends the program at once with `exitStatus`, as does one that has come.
+/// For a program that needs no end of its own.
+void EndAtInterrupts(int exitStatus);
+
 /// While it lives, the first interrupt cancels what goes on; the second ends the program. One at a
 /// time, on the main thread.
 class Interruptible {

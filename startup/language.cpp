@@ -2,12 +2,10 @@
 
 #include <algorithm>
 #include <string_view>
-#include <vector>
 
 #include "common/path_text.h"
 #include "platform/os/folder_entries.h"
 #include "platform/os/user_locale.h"
-#include "startup/usage_error.h"
 
 namespace startup {
 namespace {
@@ -15,7 +13,7 @@ namespace {
 constexpr std::string_view kIds = "ids";  // shows the ids of the texts
 
 // In alphabetical order.
-std::vector<std::string> Languages(const std::filesystem::path& resources) {
+std::vector<std::string> WithTexts(const std::filesystem::path& resources) {
   std::vector<std::string> languages;
   for (const auto& file : os::EntriesOf(resources / "culture"))
     if (file.extension() == ".xml") languages.push_back(common::PathText(file.stem()));
@@ -33,7 +31,7 @@ std::string LanguageOf(std::string locale) {
 }  // namespace
 
 std::string UserLanguage(const std::filesystem::path& resources) {
-  const std::vector<std::string> languages = Languages(resources);
+  const std::vector<std::string> languages = WithTexts(resources);
   const std::string asked = LanguageOf(os::UserLocale());
   if (std::count(languages.begin(), languages.end(), asked) != 0) return asked;
   const std::string anywhere = asked.substr(0, asked.find('-')) + "-";
@@ -43,13 +41,10 @@ std::string UserLanguage(const std::filesystem::path& resources) {
   return near == languages.end() ? "en-US" : *near;
 }
 
-std::string NamedLanguage(const std::string& name, const std::filesystem::path& resources) {
-  std::vector<std::string> known = Languages(resources);
+std::vector<std::string> Languages(const std::filesystem::path& resources) {
+  std::vector<std::string> known = WithTexts(resources);
   known.emplace_back(kIds);
-  if (std::count(known.begin(), known.end(), name) != 0) return name;
-  std::string names;
-  for (const std::string& each : known) names += (names.empty() ? "" : ", ") + each;
-  throw UsageError("unknown language \"" + name + "\"; give one of " + names);
+  return known;
 }
 
 }  // namespace startup

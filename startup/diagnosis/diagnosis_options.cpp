@@ -1,41 +1,88 @@
 #include "startup/diagnosis/diagnosis_options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
+#include <string_view>
 
 #include "common/path_option.h"
+#include "common/text.h"
 #include "platform/duilib/culture/culture.h"
 #include "platform/message/message_capture.h"
 #include "platform/os/paths.h"
+#include "startup/diagnosis/help_text.h"
 #include "startup/language.h"
+#include "startup/usage_error.h"
 
 namespace startup {
 
 using common::AddPathOption;
 
+namespace {
+
+constexpr std::string_view kLanguageOption = "--lang";
+
+std::filesystem::path Resources() {
+  return os::InstallationFolder() / "res";
+}
+
+bool IsLanguage(const std::string& name) {
+  return std::ranges::count(Languages(Resources()), name) != 0;
+}
+
+void RequireLanguage(const std::string& name) {
+  if (IsLanguage(name)) return;
+  std::string names;
+  for (const std::string& each : Languages(Resources()))
+    names += (names.empty() ? "" : ", ") + each;
+  throw UsageError(common::WideToUtf8(DuiLib::UICulture::GetInstance()->GetMultiVarStr(
+      L"IDS_HARDWARE_HELP_UNKNOWN_LANGUAGE",
+      {common::Utf8ToWide(name), common::Utf8ToWide(names)})));
+}
+
+void Speak(const std::string& language) {
+  DuiLib::UICulture::GetInstance()->SetLanguage(
+      language.empty() ? UserLanguage(Resources()) : language, Resources());
+}
+
+// The last one named, as it stands before anything is known of the other words.
+std::string LanguageNamedIn(int argc, const char* const* argv) {
+  std::string named;
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view word = argv[i];
+    if (word == kLanguageOption && i + 1 < argc) named = argv[i + 1];
+    if (word.starts_with(kLanguageOption) && word.substr(kLanguageOption.size()).starts_with('='))
+      named = word.substr(kLanguageOption.size() + 1);
+  }
+  return named;
+}
+
+}  // namespace
+
 void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options) {
-  AddPathOption(app, "--machine", options.machineFile,
-                "Diagnose the machine that FILE describes instead of this one");
-  AddPathOption(app, "--data-dir", options.dataFolder,
-                "Folder for history, events and log (default: the user's data folder)", "DIR");
-  AddPathOption(app, "--app-dir", options.appFolder,
-                "Installation folder whose config/ is read (default: that of this program)", "DIR");
-  AddPathOption(app, "--system-root", options.systemRoot,
-                "Read /proc, /sys and the product version file below DIR", "DIR");
-  app.add_flag("--external", options.externalDisks,
-               "Count plugged-in disks (USB, SD cards) among this machine's too");
-  app.add_option("--lang", options.language, "Language of the texts, a file of res/culture, or ids")
+  AddPathOption(app, "--machine", options.machineFile, HelpText(L"MACHINE"));
+  AddPathOption(app, "--data-dir", options.dataFolder, HelpText(L"DATA_DIR"), "DIR");
+  AddPathOption(app, "--app-dir", options.appFolder, HelpText(L"APP_DIR"), "DIR");
+  AddPathOption(app, "--system-root", options.systemRoot, HelpText(L"SYSTEM_ROOT"), "DIR");
+  app.add_flag("--external", options.externalDisks, HelpText(L"EXTERNAL"));
+  app.add_option(std::string(kLanguageOption), options.language, HelpText(L"LANG"))
       ->type_name("LANG");
-  app.add_flag("--capture", options.capture,
-               "Write every message that is posted to messages.jsonl in the data folder");
+  app.add_flag("--capture", options.capture, HelpText(L"CAPTURE"));
+}
+
+void SpeakAsTheCommandLineAsks(int argc, const char* const* argv) {
+  const std::string named = LanguageNamedIn(argc, argv);
+  try {
+    Speak(IsLanguage(named) ? named : std::string());
+  } catch (const std::exception&) {
+    // Said when the language is put in force; help needs none.
+  }
 }
 
 void PutDiagnosisInForce(const DiagnosisOptions& options) {
   PutInForce(options);
-  const std::filesystem::path resources = os::InstallationFolder() / "res";
-  DuiLib::UICulture::GetInstance()->SetLanguage(options.language.empty()
-                                                    ? UserLanguage(resources)
-                                                    : NamedLanguage(options.language, resources),
-                                                resources);
+  if (!options.language.empty()) RequireLanguage(options.language);
+  Speak(options.language);
   if (options.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
 }
 

@@ -15,8 +15,13 @@ struct DiagnosisOptions : Options {
   bool capture = false;
 };
 
-/// The options that all programs share which diagnose. `options` lives as long as the parser.
+/// The options that all programs share which diagnose, with help in the language in force.
+/// `options` lives as long as the parser.
 void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options);
+
+/// Puts the language in force that the command line names, or the user's where that is not known,
+/// so that help and errors of usage come in it. Before the command line is parsed.
+void SpeakAsTheCommandLineAsks(int argc, const char* const* argv);
 
 /// Puts folders, machine and language in force and starts log and capture. Throws
 /// std::runtime_error saying which of them cannot be used and why.

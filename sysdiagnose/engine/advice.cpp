@@ -108,4 +108,10 @@ std::wstring HintForOwner(enmHardwareID category, const std::wstring& hint) {
   return category == Category::Memory ? std::wstring() : hint;
 }
 
+std::wstring JoinedSentences(const std::wstring& first, const std::wstring& second) {
+  if (first.empty() || second.empty()) return first + second;
+  return DuiLib::UICulture::GetInstance()->GetMultiVarStr(L"IDS_HARDWARE_ADVICE_SENTENCES",
+                                                          {first, second});
+}
+
 }  // namespace orv::sysdiagnose

@@ -17,4 +17,7 @@ std::wstring AdviceText(enmHardwareID category, const std::wstring& caption, std
 /// looked up by the library's code, which can name the message of another device.
 std::wstring HintForOwner(enmHardwareID category, const std::wstring& hint);
 
+/// A hint and the advice that completes it, or any two sentences, in one text; either may be empty.
+std::wstring JoinedSentences(const std::wstring& first, const std::wstring& second);
+
 }  // namespace orv::sysdiagnose

@@ -69,7 +69,7 @@ TEST_F(ExitStatusTest, WrongUseIsOneLineThatSaysWhatIsWrong) {
       {"{}", {"--lang", "xx", "list"}, "unknown language \"xx\"; give one of en-US, zh-CN, ids"},
       {"{}",
        {"history", "--count", "0"},
-       "--count: Value 0 not in range 1 to 100000; see sysdiagnose --help"},
+       "--count: \"0\" is no number from 1 to 100000; see sysdiagnose --help"},
       {"{}", {"--machine", file + "\n", "list"}, file + "?: does not exist"},
       {"{}",
        {"--machine", folder.path.string(), "list"},

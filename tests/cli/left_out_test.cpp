@@ -14,10 +14,10 @@ constexpr const char* kMachine = R"({"notFitted": ["battery", "bluetooth"],
 
 class LeftOutTest : public testing::Test {
  protected:
-  Outcome Run(std::vector<std::string> command) const {
-    WriteText(folder.path / "machine.json", kMachine);
+  Outcome Run(std::vector<std::string> command, const char* machine = kMachine) const {
+    WriteText(folder.path / "machine.json", machine);
     for (const std::string& word :
-         {std::string("--lang"), std::string("ids"), std::string("--data-dir"),
+         {std::string("--lang"), std::string("en-US"), std::string("--data-dir"),
           (folder.path / "data").string(), std::string("--machine"),
           (folder.path / "machine.json").string()})
       command.push_back(word);
@@ -31,15 +31,27 @@ TEST_F(LeftOutTest, ARunOfAllCategoriesLeavesOutWhatIsNotFittedAndSaysSo) {
   for (const char* command : {"run", "check"}) {
     const Outcome text = Run({command});
     EXPECT_EQ(text.exitStatus, 0) << command << text.output;
-    EXPECT_THAT(text.output, HasSubstr("IDS_HARDWARE_DETECT_BATTERY, IDS_HARDWARE_DETECT_BT"
-                                       ": IDS_HARDWARE_DIAGNOSE_NOT_FITTED\n"))
+    EXPECT_THAT(text.output,
+                HasSubstr("Battery, Bluetooth: Not part of this machine, so left out.\n"))
         << command;
     const Outcome json = Run({command, "--json"});
     for (const char* category : {"2", "9"})
       EXPECT_THAT(json.output,
                   HasSubstr(std::string(R"({"type":"leftOut","category":)") + category +
-                            R"(,"text":"IDS_HARDWARE_DIAGNOSE_NOT_FITTED"})"));
-    EXPECT_THAT(json.output, Not(HasSubstr("BAT_VOLTAGE")));
+                            R"(,"text":"Not part of this machine, so left out."})"));
+    EXPECT_THAT(json.output, Not(HasSubstr("Battery voltage")));
+  }
+}
+
+// The list of categories is there, so that it is no use to tell where it was looked for.
+TEST_F(LeftOutTest, AMachineWithNothingToTestIsNoMissingList) {
+  const char* const bare = R"({"notFitted": ["audio", "motherboard", "bluetooth", "network",
+      "processor", "memory", "disk", "graphics", "display", "battery", "keyboard", "fingerprint"]})";
+  for (const char* command : {"run", "check"}) {
+    const Outcome outcome = Run({command}, bare);
+    EXPECT_EQ(outcome.exitStatus, 4);
+    EXPECT_THAT(outcome.output, HasSubstr("This machine is built without any of the hardware"));
+    EXPECT_THAT(outcome.output, Not(HasSubstr("looked for")));
   }
 }
 

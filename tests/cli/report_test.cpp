@@ -276,6 +276,19 @@ TEST(ReportTest, ThePictureShowsADayForEachOfTheLastNinetyWithARun) {
   EXPECT_EQ(CountOf(html, "<rect class=\"abnormal\""), 1U);
 }
 
+// The store knows two verdicts only: there a disk that cannot be read counts as normal.
+TEST(ReportTest, ThePictureCountsARunAsItsReportDoes) {
+  const Program program;
+  const std::string machine = program.Machine(R"({"info": {"CDisk": {"GetCaption": ["A"]}},
+      "tests": {"CDiskFaultDetect::CheckHhdSmartResult": 2}})");
+  const std::string file = program.Path("report.html");
+  program.RunOn(machine, {"run", "disk", "display", "--report", file});
+  const std::string html = ReadText(file);
+  EXPECT_THAT(html, HasSubstr("· Normal 1 · Abnormal 0 · Could not be tested 1<"));
+  EXPECT_THAT(html, HasSubstr(": Normal 1, Abnormal 0, Could not be tested 1</title>"));
+  EXPECT_EQ(CountOf(html, "<rect class=\"untested\""), 1U);
+}
+
 TEST(ReportTest, ARunThatFailsIsReportedWithItsReason) {
   const Program program;
   const std::string machine =

@@ -14,7 +14,7 @@ class Program {
  public:
   os::ProcessResult Run(std::vector<std::string> arguments) const {
     static const std::string program = std::string(APP_DIR) + "/sysdiagnose";
-    std::vector<std::string> command{program,      "--lang",        "en-US",     "--data-dir",
+    std::vector<std::string> command{program,      "--lang",        language,    "--data-dir",
                                      Path("data"), "--system-root", Path("root")};
     command.insert(command.end(), arguments.begin(), arguments.end());
     return os::RunProcess(command, std::chrono::minutes(5)).value_or(os::ProcessResult{-1, {}});
@@ -34,5 +34,6 @@ class Program {
     return Path("machine.json");
   }
 
+  std::string language = "en-US";
   TemporaryFolder folder;
 };

@@ -235,6 +235,9 @@ TEST_F(DetectPageTest, ACategoryWithoutItemsCountsAndAFailedTestWithoutAHintSays
   EXPECT_EQ(List().GetCount(), 1);
   EXPECT_EQ(Text(kSecond), Left(1));
   EXPECT_EQ(Text(L"txtResult[5]"), L"IDS_HARDWARE_DIAGNOSE_MEM_FAILED");
+  EXPECT_EQ(Find(L"txtResult[5]").GetToolTip(),
+            L"IDS_HARDWARE_ADVICE_SENTENCES(IDS_HARDWARE_DIAGNOSE_MEM_FAILED,"
+            L"IDS_HARDWARE_ADVICE_MEMORY)");
 }
 
 TEST_F(DetectPageTest, ADiskThatCannotBeReadSaysSoInItsHeading) {

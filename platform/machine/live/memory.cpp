@@ -1,17 +1,13 @@
 #include <array>
-#include <optional>
 
 #include "common/text.h"
 #include "platform/machine/live/category.h"
 #include "platform/machine/live/firmware_text.h"
-#include "platform/machine/workloads/memory_buffer.h"
 #include "platform/machine/workloads/memory_tests.h"
 #include "platform/machine/workloads/system_memory.h"
 
 namespace machine {
 namespace {
-
-constexpr std::uint32_t kNoMemory = 2;
 
 std::wstring Wide(const std::string& text) {
   return common::Utf8ToWide(FirmwareText(text));
@@ -39,12 +35,7 @@ void ReadMemory(Devices& devices) {
 }
 
 TestAnswer RunTest(const Devices&, TestCall call, int) {
-  std::optional<MemoryBuffer> buffer;
-  for (std::size_t size = MemoryBuffer::FittingSize(); !buffer && size >= MemoryBuffer::kSmallest;
-       size /= 2)
-    buffer = MemoryBuffer::Allocate(size);
-  if (!buffer) return {kNoMemory, L"", false, {}, L"there is no memory to test"};
-  return TestMemory(call, buffer->Words());
+  return TestFittingMemory(call);
 }
 
 constexpr auto kTests = std::to_array<LiveTest>({

@@ -1,13 +1,19 @@
 #include "platform/machine/workloads/memory_tests.h"
 
+#include <algorithm>
 #include <array>
 #include <locale>
 #include <sstream>
+#include <string>
 
+#include "platform/machine/workloads/cut_short.h"
+#include "platform/machine/workloads/memory_buffer.h"
 #include "platform/machine/workloads/memory_error.h"
 
 namespace machine {
 namespace {
+
+using Words = std::span<volatile std::uint64_t>;
 
 constexpr std::uint64_t kEveryByte = 0x0101010101010101;
 constexpr std::uint64_t kOddMultiplier = 0x9E3779B97F4A7C15;
@@ -100,27 +106,51 @@ std::uint64_t Expected(const MemoryTestRow& row, std::size_t index, unsigned pas
   return row.operation == nullptr ? written : row.operation(written, index);
 }
 
-}  // namespace
+constexpr std::size_t kCutShortWords = kCutShortSize / sizeof(std::uint64_t);
 
-std::optional<MemoryFault> FindMemoryFault(TestCall test, std::span<volatile std::uint64_t> words,
-                                           const std::function<void()>& beforeVerify) {
-  const MemoryTestRow& row = kMemoryTests.at(RowIndex(test));
-  for (unsigned pass = 0; pass < row.passes; ++pass) {
-    for (std::size_t i = 0; i < words.size(); ++i) words[i] = row.written(i, pass);
-    if (row.operation != nullptr)
-      for (std::size_t i = 0; i < words.size(); ++i) words[i] = row.operation(words[i], i);
-    if (beforeVerify) beforeVerify();
-    for (std::size_t i = 0; i < words.size(); ++i) {
-      const std::uint64_t expected = Expected(row, i, pass);
-      const std::uint64_t found = words[i];
-      if (found != expected) return MemoryFault{i * sizeof(std::uint64_t), expected, found};
-    }
+// From the start on, so that the work may end behind any block.
+template <typename Work>
+void ForEachBlock(Words& words, Work work) {
+  for (std::size_t begin = 0; begin < words.size(); begin += kCutShortWords) {
+    if (begin != 0 && AreTestsCutShort()) words = words.first(kCutShortWords);
+    work(begin, std::min(begin + kCutShortWords, words.size()));
   }
-  return std::nullopt;
 }
 
-TestAnswer TestMemory(TestCall test, std::span<volatile std::uint64_t> words,
-                      const std::function<void()>& beforeVerify) {
+std::optional<MemoryBuffer> AllocateUpTo(std::size_t size) {
+  std::optional<MemoryBuffer> buffer;
+  for (; !buffer && size >= MemoryBuffer::kSmallest; size /= 2)
+    buffer = MemoryBuffer::Allocate(size);
+  return buffer;
+}
+
+}  // namespace
+
+std::optional<MemoryFault> FindMemoryFault(TestCall test, Words& words,
+                                           const std::function<void()>& beforeVerify) {
+  const MemoryTestRow& row = kMemoryTests.at(RowIndex(test));
+  std::optional<MemoryFault> fault;
+  for (unsigned pass = 0; pass < row.passes && !fault; ++pass) {
+    ForEachBlock(words, [&](std::size_t i, std::size_t end) {
+      for (; i < end; ++i) words[i] = row.written(i, pass);
+    });
+    if (row.operation != nullptr)
+      ForEachBlock(words, [&](std::size_t i, std::size_t end) {
+        for (; i < end; ++i) words[i] = row.operation(words[i], i);
+      });
+    if (beforeVerify) beforeVerify();
+    ForEachBlock(words, [&](std::size_t i, std::size_t end) {
+      for (; i < end && !fault; ++i) {
+        const std::uint64_t expected = Expected(row, i, pass);
+        const std::uint64_t found = words[i];
+        if (found != expected) fault = MemoryFault{i * sizeof(std::uint64_t), expected, found};
+      }
+    });
+  }
+  return fault;
+}
+
+TestAnswer TestMemory(TestCall test, Words& words, const std::function<void()>& beforeVerify) {
   std::optional<MemoryFault> fault;
   const std::optional<std::uintptr_t> lost =
       CatchMemoryError([&] { fault = FindMemoryFault(test, words, beforeVerify); });
@@ -135,6 +165,20 @@ TestAnswer TestMemory(TestCall test, std::span<volatile std::uint64_t> words,
   text << std::hex << L"memory at offset 0x" << fault->offset << L" reads 0x" << fault->found
        << L" instead of 0x" << fault->expected;
   return {1, text.str(), false, {}};
+}
+
+TestAnswer TestFittingMemory(TestCall test, const std::function<void()>& beforeVerify) {
+  const bool isCutShort = AreTestsCutShort();
+  const std::size_t fitting = MemoryBuffer::FittingSize();
+  const auto buffer = AllocateUpTo(isCutShort ? std::min(fitting, kCutShortSize) : fitting);
+  if (!buffer) return {.notTested = L"the system gives no memory to test"};
+  Words words = buffer->Words();
+  const std::size_t whole = words.size();
+  TestAnswer answer = TestMemory(test, words, beforeVerify);
+  if (answer.code == 0 && (isCutShort || words.size() < whole))
+    answer.notTested = L"cut short: only " + std::to_wstring(words.size_bytes() >> 20) +
+                       L" MB of memory were tested, without an error";
+  return answer;
 }
 
 }  // namespace machine

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/duilib/culture/culture.h"
+#include "sysdiagnose/engine/advice.h"
 #include "sysdiagnose/ui/items/status_sign.h"
 
 namespace orv::sysdiagnose {
@@ -21,6 +22,13 @@ const wchar_t* FailureText(enmHardwareID category) {
   if (category == enmHardwareID::Memory) return L"IDS_HARDWARE_DIAGNOSE_MEM_FAILED";
   if (category == enmHardwareID::Disk) return L"IDS_HARDWARE_DIAGNOSE_DISK_FAILED";
   return L"IDS_HARDWARE_DIAGNOSE_TEST_FAILED";
+}
+
+// The hint with what completes it, so that the owner knows what to do.
+std::wstring ToDo(enmHardwareID category, const tagDetectItemDetail& detail) {
+  const std::wstring hint =
+      detail.hint.empty() ? Resolve(FailureText(category)) : HintForOwner(category, detail.hint);
+  return JoinedSentences(hint, AdviceText(category, detail.caption, detail.code));
 }
 
 }  // namespace
@@ -52,7 +60,7 @@ void CtlDetectItem::ShowResult(const tagDetectItemDetail& detail) {
   if (detail.caption.empty() && detail.normal)
     waiting.back()->ShowUntested(Resolve(L"IDS_HARDWARE_DIAGNOSE_DISK_NONE"));
   else
-    waiting.back()->ShowResult(detail, Resolve(FailureText(category)));
+    waiting.back()->ShowResult(detail, Resolve(FailureText(category)), ToDo(category, detail));
   waiting.pop_back();
   if (waiting.empty()) return;
   waiting.back()->ShowHeading();

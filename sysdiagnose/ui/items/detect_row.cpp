@@ -36,7 +36,8 @@ DetectRow::DetectRow(DuiLib::CContainerUI& ofTree, const tagHardwareDetectInfo& 
   });
 }
 
-void DetectRow::ShowResult(const tagDetectItemDetail& detail, const std::wstring& withoutHint) {
+void DetectRow::ShowResult(const tagDetectItemDetail& detail, const std::wstring& withoutHint,
+                           const std::wstring& toDo) {
   if (title != nullptr) title->SetText(detail.caption);
   code = detail.code;
   isAbnormal = !detail.normal;
@@ -44,7 +45,7 @@ void DetectRow::ShowResult(const tagDetectItemDetail& detail, const std::wstring
   if (detail.normal)
     ShowText(L"", kPassedColour);
   else
-    ShowText(hint, kAbnormalColour);
+    ShowText(hint, toDo, kAbnormalColour);
   ShowSign(sign, detail.normal ? StatusSign::RowPassed : StatusSign::RowAbnormal);
 }
 

@@ -24,8 +24,9 @@ class DetectRow {
 
   DuiLib::CContainerUI& GetTree() const { return tree; }
 
-  /// What a failed test without a hint says.
-  void ShowResult(const tagDetectItemDetail& detail, const std::wstring& withoutHint);
+  /// `withoutHint` is what a failed test without a hint says, `toDo` its tooltip.
+  void ShowResult(const tagDetectItemDetail& detail, const std::wstring& withoutHint,
+                  const std::wstring& toDo);
   /// It is the heading of the rows below it.
   void ShowHeading();
   /// What it announced could not be tested, for this reason.

@@ -66,4 +66,41 @@ TEST(Language, IsThatOfTheUsersLocaleUnlessTheCommandLineNamesOne) {
   }
 }
 
+// Whether the command line is right or not, and before anything is known of it.
+TEST(Language, OfHelpAndErrorsIsThatOfTheCommandLine) {
+  const std::vector<std::string> commands{"",     "list",    "info",   "run",   "check",
+                                          "scan", "history", "record", "serve", "logs"};
+  for (const std::string& command : commands) {
+    std::vector<std::string> words{"--lang=zh-CN", "--help"};
+    if (!command.empty()) words.insert(words.begin(), command);
+    const std::string help = RunProgram(words).output;
+    EXPECT_THAT(help, testing::HasSubstr("显示本帮助并退出")) << command;
+    for (const char* english : {"Options", "OPTIONS", "Usage", "Positionals", "REQUIRED", "Needs",
+                                "Excludes", "Subcommands", "Exit status", "IDS_", " the "})
+      EXPECT_THAT(help, testing::Not(testing::HasSubstr(english))) << command;
+  }
+  const struct {
+    std::vector<std::string> words;
+    std::string said;
+  } faults[] = {
+      {{}, "需要一个命令；请参阅 sysdiagnose --help"},
+      {{"fly"}, "未知的命令或选项“fly”；请参阅 sysdiagnose --help"},
+      {{"record"}, "缺少 file；请参阅 sysdiagnose --help"},
+      {{"list", "--machine"}, "--machine 需要一个值；请参阅 sysdiagnose --help"},
+      {{"list", "--lang", "zh-CN"}, "--lang 只能给出一次；请参阅 sysdiagnose --help"},
+      {{"list", "--json=x"}, "未知的值：--json = x；请参阅 sysdiagnose --help"},
+      {{"history", "--count", "x"},
+       "--count: “x”不是 1 到 100000 之间的数；请参阅 sysdiagnose --help"},
+      {{"history", "--count", "1", "--all"},
+       "--count 不能与 --all 同时使用；请参阅 sysdiagnose --help"},
+      {{"run", "--yes"}, "--yes 需要 --repair；请参阅 sysdiagnose --help"},
+      {{"run", "disk/x"}, "未知的项目“disk/x”；该类别有：CheckHhdSmartResult, CheckSsdSmartResult"},
+  };
+  for (const auto& fault : faults) {
+    std::vector<std::string> words{"--lang", "zh-CN"};
+    words.insert(words.end(), fault.words.begin(), fault.words.end());
+    EXPECT_EQ(RunProgram(words).errors, "sysdiagnose: " + fault.said + "\n");
+  }
+}
+
 }  // namespace

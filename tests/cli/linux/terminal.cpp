@@ -1,6 +1,7 @@
 #include "tests/cli/linux/terminal.h"
 
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <wchar.h>
@@ -49,10 +50,27 @@ void Screen::Write(const std::string& bytes) {
 
 // Its length; 0 when it has not come whole.
 std::size_t Screen::TakeEscape(const std::string& bytes, std::size_t at) {
-  const std::size_t end = bytes.find_first_of("mK", at);
+  const std::size_t end = bytes.find_first_of("mKJ", at);
   if (end == std::string::npos) return 0;
-  if (bytes[end] == 'K') Row().resize(std::min(column, Row().size()));
+  if (bytes[end] != 'm') Row().resize(std::min(column, Row().size()));
+  if (bytes[end] == 'J') rows.resize(row + 1);
   return end + 1 - at;
+}
+
+void Screen::Resize(std::size_t columnsOfARow) {
+  columns = columnsOfARow;
+  const std::vector<std::vector<std::string>> before = std::exchange(rows, {});
+  std::size_t cursor = row;
+  for (std::size_t old = 0; old < before.size(); ++old) {
+    if (old == row) cursor = rows.size() + column / columns;
+    for (std::size_t at = 0; at == 0 || at < before[old].size(); at += columns) {
+      const std::size_t end = std::min(at + columns, before[old].size());
+      rows.emplace_back(before[old].begin() + static_cast<std::ptrdiff_t>(at),
+                        before[old].begin() + static_cast<std::ptrdiff_t>(end));
+    }
+  }
+  row = cursor;
+  column %= columns;
 }
 
 void Screen::Put(const std::string& character) {
@@ -129,6 +147,17 @@ bool Terminal::ReadUntil(const std::string& text) {
 void Terminal::Type(const std::string& keys) {
   if (write(terminal, keys.data(), keys.size()) != static_cast<ssize_t>(keys.size()))
     throw std::runtime_error("the terminal takes no keys");
+}
+
+void Terminal::Resize(unsigned short columns) {
+  kill(id, SIGSTOP);
+  waitpid(id, nullptr, WUNTRACED);
+  int waiting = 0;
+  while (ioctl(terminal, FIONREAD, &waiting) == 0 && waiting > 0) Read();
+  const winsize size{24, columns, 0, 0};
+  if (ioctl(terminal, TIOCSWINSZ, &size) != 0) throw std::runtime_error("the size stays");
+  screen.Resize(columns);
+  kill(id, SIGCONT);
 }
 
 std::optional<int> Terminal::Wait() {

@@ -8,12 +8,16 @@
 #include <vector>
 
 /// What a terminal shows of the bytes written to it: rows of cells, in which a wide character
-/// takes two. Knows line ends, the erasing of a row's rest, and passes colours over.
+/// takes two. Knows line ends and the erasing of what follows the cursor, and passes colours over.
 class Screen {
  public:
   explicit Screen(std::size_t columnsOfARow) : columns(columnsOfARow) {}
 
   void Write(const std::string& bytes);
+
+  /// Rows that are wider then go on in the next one, as most terminals show them. The cursor stays
+  /// at its character.
+  void Resize(std::size_t columnsOfARow);
 
   /// The rows without the blanks at their ends.
   std::vector<std::string> Rows() const;
@@ -26,7 +30,7 @@ class Screen {
   void Put(const std::string& character);
   std::vector<std::string>& Row();
 
-  const std::size_t columns;
+  std::size_t columns;
   std::vector<std::vector<std::string>> rows;  // a cell behind a wide character is empty
   std::size_t row = 0;
   std::size_t column = 0;
@@ -45,6 +49,9 @@ class Terminal {
   bool ReadUntil(const std::string& text);
 
   void Type(const std::string& keys);
+
+  /// Between two outputs of the program.
+  void Resize(unsigned short columns);
 
   /// Reads to the end. No exit status if it was killed.
   std::optional<int> Wait();

@@ -55,6 +55,23 @@ TEST_F(TerminalTest, TheLiveLineKeepsToItsRowAndLeavesNothingBehind) {
   }
 }
 
+TEST_F(TerminalTest, TheLiveLineFollowsTheTerminalsWidth) {
+  Terminal terminal(Words("en-US", R"({"tests":{"CMemFaultDetect::CheckStuckAddr":{"delayMs":2500},
+                                                "CMemFaultDetect::CheckLineSeq":{"delayMs":600}}})",
+                          {"run", "memory"}));
+  ASSERT_TRUE(terminal.ReadUntil("  0.4 s")) << terminal.Written();
+  terminal.Resize(24);
+  ASSERT_TRUE(terminal.ReadUntil("Rising values")) << terminal.Written();
+  ASSERT_TRUE(terminal.ReadUntil("[1/1] Memory  Ri"));
+  const std::vector<std::string> rows = terminal.Shown().Rows();
+  EXPECT_THAT(rows[0], testing::Eq("Memory"));
+  EXPECT_THAT(rows[1], StartsWith("  Address lines")) << "nothing of the wide one is left";
+  EXPECT_EQ(std::count_if(rows.begin(), rows.end(),
+                          [](const std::string& row) { return row.find("[1/1]") != row.npos; }),
+            1);
+  EXPECT_EQ(terminal.Wait(), 0);
+}
+
 TEST_F(TerminalTest, ShowsTheSameLinesAsAFileGetsButInColour) {
   const auto words = Words("en-US", R"({"tests":{"CVideoCardDetect::CheckDevice":5}})",
                            {"run", "display", "graphics"});
@@ -171,6 +188,21 @@ TEST_F(TerminalTest, IsPlainWhereTheUserOrTheTerminalWantsIt) {
   EXPECT_EQ(dumb.Wait(), 1);
   setenv("TERM", terminalBefore.c_str(), 1);
   EXPECT_THAT(dumb.Written(), Not(HasSubstr("\033")));
+}
+
+// Of this machine's memory.
+TEST_F(TerminalTest, CtrlCCutsALongMemoryTestShortAndSaysSo) {
+  const std::string data = (folder.path / "data").string();
+  Terminal terminal({"--lang", "en-US", "--data-dir", data, "run", "memory", "display"});
+  ASSERT_TRUE(terminal.ReadUntil("[1/2] Memory  ")) << terminal.Written();
+  terminal.Type("\x03");
+  EXPECT_EQ(terminal.Wait(), 3);
+  const std::string& written = terminal.Written();
+  EXPECT_THAT(written, HasSubstr("cut short: only 4 MB of memory were tested"));
+  EXPECT_THAT(written, HasSubstr("Could not be tested 1, Not reached 1"));
+  EXPECT_THAT(written, Not(HasSubstr("Everything is normal")));
+  EXPECT_THAT(RunProgram({"--lang", "en-US", "--data-dir", data, "history"}).output,
+              HasSubstr("0 of 2 tested, cancelled\n"));
 }
 
 // The terminal sends the interrupt.

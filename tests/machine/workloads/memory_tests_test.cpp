@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/machine/workloads/cut_short.h"
 #include "platform/machine/workloads/memory_buffer.h"
 #include "tests/machine/workloads/aliased_pages.h"
 
@@ -69,12 +70,54 @@ INSTANTIATE_TEST_SUITE_P(Patterns, MemoryPatterns, testing::ValuesIn(kPatterns))
 TEST(StuckAddress, SeesThatTwoAddressesAreOnePlace) {
   const AliasedPages pages;
   ASSERT_TRUE(pages.IsMapped());
-  const auto fault = machine::FindMemoryFault(TestCall::MemoryStuckAddress, pages.Words());
+  auto words = pages.Words();
+  const auto fault = machine::FindMemoryFault(TestCall::MemoryStuckAddress, words);
   ASSERT_TRUE(fault);
   EXPECT_EQ(fault->offset, 0U);
-  EXPECT_EQ(fault->found, pages.Words().size_bytes() / 2);
+  EXPECT_EQ(fault->found, words.size_bytes() / 2);
   // Contents that repeat cannot show it: the address test has to.
-  EXPECT_FALSE(machine::FindMemoryFault(TestCall::MemoryCheckerboard, pages.Words()));
+  EXPECT_FALSE(machine::FindMemoryFault(TestCall::MemoryCheckerboard, words));
+}
+
+class MemoryCutShort : public testing::Test {
+ protected:
+  void TearDown() override { machine::CutTestsShort(false); }
+};
+
+// The person does not wait for the rest, and is not told that it was good.
+TEST_F(MemoryCutShort, EndsWithAFewMegabytesAndSaysSo) {
+  std::vector<std::uint64_t> words(3 * machine::kCutShortSize / sizeof(std::uint64_t));
+  std::span<volatile std::uint64_t> tested{words.data(), words.size()};
+  unsigned passes = 0;
+  const auto interrupt = [&] {
+    if (passes++ != 0) return;
+    words.back() ^= 1;  // what is not looked at any more
+    machine::CutTestsShort(true);
+  };
+  EXPECT_FALSE(machine::FindMemoryFault(TestCall::MemoryWalkingBit, tested, interrupt));
+  EXPECT_EQ(passes, 16U) << "what is left runs over all passes";
+  EXPECT_EQ(tested.size_bytes(), machine::kCutShortSize);
+
+  const machine::TestAnswer next = machine::TestFittingMemory(TestCall::MemoryRandom);
+  EXPECT_EQ(next.code, 0U);
+  EXPECT_TRUE(next.notTested.starts_with(L"cut short: only ")) << next.notTested.c_str();
+}
+
+TEST_F(MemoryCutShort, SaysSoOfTheTestUnderWayToo) {
+  if (MemoryBuffer::FittingSize() <= machine::kCutShortSize) FAIL() << "too little memory here";
+  const auto answer = machine::TestFittingMemory(TestCall::MemoryCheckerboard,
+                                                 [] { machine::CutTestsShort(true); });
+  EXPECT_EQ(answer.code, 0U);
+  EXPECT_TRUE(answer.notTested.starts_with(L"cut short: only 4 MB ")) << answer.notTested.c_str();
+}
+
+TEST_F(MemoryCutShort, StillFindsAFaultInThem) {
+  machine::CutTestsShort(true);
+  std::vector<std::uint64_t> words(2 * machine::kCutShortSize / sizeof(std::uint64_t));
+  std::span<volatile std::uint64_t> tested{words.data(), words.size()};
+  const auto answer = machine::TestMemory(TestCall::MemoryRandom, tested,
+                                          [&] { words[machine::kCutShortSize / 8 - 1] ^= 4; });
+  EXPECT_EQ(answer.code, 1U);
 }
 
 TEST(MemoryBuffer, HandsItsMemoryOnAndRefusesTheImpossible) {

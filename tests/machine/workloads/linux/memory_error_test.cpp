@@ -45,14 +45,15 @@ class LostPage {
 
 TEST(MemoryError, IsTheTestsFailureAndNamesTheAddress) {
   const LostPage lost;
-  const auto answer = machine::TestMemory(machine::TestCall::MemoryRandom, lost.Words());
+  auto words = lost.Words();
+  const auto answer = machine::TestMemory(machine::TestCall::MemoryRandom, words);
   EXPECT_EQ(answer.code, 1U);
   EXPECT_NE(answer.text.find(L"uncorrectable"), std::wstring::npos);
   wchar_t address[32];
   std::swprintf(address, std::size(address), L"0x%zx", lost.Address());
   EXPECT_TRUE(answer.text.ends_with(address)) << lost.Address();
   // The next test is none the worse for it.
-  const auto good = lost.Words().first(lost.Words().size() / 2);
+  auto good = lost.Words().first(lost.Words().size() / 2);
   EXPECT_EQ(machine::TestMemory(machine::TestCall::MemoryRandom, good).code, 0U);
 }
 
