@@ -144,6 +144,13 @@ bool Terminal::ReadUntil(const std::string& text) {
   return true;
 }
 
+bool Terminal::ReadUntilShown(const std::string& beginning) {
+  const auto begins = [&](const std::string& row) { return row.starts_with(beginning); };
+  while (std::ranges::none_of(screen.Rows(), begins))
+    if (!Read()) return false;
+  return true;
+}
+
 void Terminal::Type(const std::string& keys) {
   if (write(terminal, keys.data(), keys.size()) != static_cast<ssize_t>(keys.size()))
     throw std::runtime_error("the terminal takes no keys");

@@ -48,6 +48,9 @@ class Terminal {
   /// Reads until the text has been written; false when the program ends before.
   bool ReadUntil(const std::string& text);
 
+  /// Reads until a row begins so; false when the program ends before.
+  bool ReadUntilShown(const std::string& beginning);
+
   void Type(const std::string& keys);
 
   /// Between two outputs of the program.

@@ -61,8 +61,7 @@ TEST_F(TerminalTest, TheLiveLineFollowsTheTerminalsWidth) {
                           {"run", "memory"}));
   ASSERT_TRUE(terminal.ReadUntil("  0.4 s")) << terminal.Written();
   terminal.Resize(24);
-  ASSERT_TRUE(terminal.ReadUntil("Rising values")) << terminal.Written();
-  ASSERT_TRUE(terminal.ReadUntil("[1/1] Memory  Ri"));
+  ASSERT_TRUE(terminal.ReadUntilShown("[1/1] Memory  Ri")) << terminal.Written();
   const std::vector<std::string> rows = terminal.Shown().Rows();
   EXPECT_THAT(rows[0], testing::Eq("Memory"));
   EXPECT_THAT(rows[1], StartsWith("  Address lines")) << "nothing of the wide one is left";
