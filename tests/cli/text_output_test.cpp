@@ -143,7 +143,8 @@ TEST_F(TextOutputTest, WhatNeedsAttentionIsSaidOnce) {
   EXPECT_NE(text.find("  Memory\n    M1, Pseudo-random values, Checkerboard: Save your work"),
             std::string::npos)
       << text;
-  for (const char* sentence : {"Switch the computer off", "No battery was found.", "does not find the device"}) {
+  for (const char* sentence :
+       {"Switch the computer off", "No battery was found.", "does not find the device"}) {
     const std::size_t at = text.find(sentence);
     EXPECT_NE(at, std::string::npos) << text;
     EXPECT_EQ(text.find(sentence, at + 1), std::string::npos) << text;
