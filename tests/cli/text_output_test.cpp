@@ -136,12 +136,15 @@ TEST_F(TextOutputTest, WhatNeedsAttentionIsSaidOnce) {
   const std::string machine = (folder.path / "machine.json").string();
   WriteText(machine, R"({"info":{"CMemory":{"GetPartNumberbyIndex":["M1"]}},
       "tests":{"CMemFaultDetect::CheckBoard":7,"CMemFaultDetect::CheckRandom":9,
-               "CBatteryDetect::CheckDevice":1}})");
+               "CBatteryDetect::CheckDevice":1,"CBluetoothDetect::CheckDevice":1}})");
   const std::string text = Show(machine, {"check"});
+  EXPECT_EQ(text.find("install its driver"), std::string::npos)
+      << "of a device that is not found: " << text;
   EXPECT_NE(text.find("  Memory\n    M1, Pseudo-random values, Checkerboard: Save your work"),
             std::string::npos)
       << text;
-  for (const char* sentence : {"Switch the computer off", "No battery was found."}) {
+  for (const char* sentence :
+       {"Switch the computer off", "No battery was found.", "does not find the device"}) {
     const std::size_t at = text.find(sentence);
     EXPECT_NE(at, std::string::npos) << text;
     EXPECT_EQ(text.find(sentence, at + 1), std::string::npos) << text;
