@@ -33,6 +33,8 @@ bool ParseArguments(int argc, const char* const* argv, DriveOptions& options) {
   bool headless = false;
   app.add_flag("--headless", headless, "Without a window on a screen");
   startup::AddDiagnosisOptions(app, options);
+  app.add_flag("--allow-restart", options.allowRestart,
+               "Restart the computer when a repair needs it and the user agrees");
   AddDrive(app, options);
   app.require_subcommand(1);
   app.fallthrough();

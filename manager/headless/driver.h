@@ -13,9 +13,8 @@
 #include "manager/headless/answer.h"
 #include "manager/headless/command_source.h"
 #include "manager/headless/stepper.h"
-#include "manager/host/manager_tabs.h"
+#include "manager/host/manager.h"
 #include "manager/host/message_hub.h"
-#include "manager/host/plugin.h"
 #include "platform/duilib/window/headless_window.h"
 #include "platform/duilib/window/person.h"
 #include "startup/diagnosis/diagnosis_options.h"
@@ -30,6 +29,7 @@ struct DriveOptions : startup::DiagnosisOptions {
   std::filesystem::path script;  // empty: standard input
   std::filesystem::path plugin;  // empty: that of the installation
   bool simpleText = false;       // do without the painter
+  bool allowRestart = false;     // of the computer
   std::chrono::milliseconds waitLimit = std::chrono::seconds(60);  // in real time
 };
 
@@ -90,7 +90,6 @@ class Driver {
   };
 
   void LoadAndMount();
-  void Mount();
   bool RunNext();
   void AnswerAtRest();
   void GiveAnswer();
@@ -110,8 +109,7 @@ class Driver {
   Stepper stepper;
   DuiLib::HeadlessWindow window;
   DuiLib::Painter* painter;
-  ManagerTabs tabs;
-  std::unique_ptr<Plugin> plugin;
+  Manager manager;
   CommandSource commands;
   const std::filesystem::path pluginFile;
 

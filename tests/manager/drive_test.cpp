@@ -24,7 +24,7 @@ class DriveTest : public DrivenManager {
 
 TEST_F(DriveTest, MountsTheTabCountsItsEntriesAndTakesThePluginAway) {
   const Drive drive =
-      Run("enter\nenter\nevents\ntext optManagerTab\nsend 0x200009\nwait idle\nunload\nenter\n");
+      Run("enter\nenter\nevents\ntext optManagerTab[1]\nsend 0x200009\nwait idle\nunload\nenter\n");
   ASSERT_THAT(drive.answers, SizeIs(8)) << drive.errors;
   EXPECT_EQ(drive.answers[2], R"({"ok":true,"events":[{"id":"620000000","payload":""},)"
                               R"({"id":"620000000","payload":""}]})");
