@@ -1,5 +1,9 @@
 #include "manager/arguments.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string>
+
 #include "common/path_option.h"
 #include "startup/command_line.h"
 #include "startup/usage_error.h"
@@ -9,12 +13,10 @@ namespace {
 
 using common::AddPathOption;
 
-void AddDrive(CLI::App& app, DriveOptions& options) {
+CLI::App* AddDrive(CLI::App& app, DriveOptions& options) {
   CLI::App* const drive = app.add_subcommand(
       "drive", "With --headless: carry out commands, one per line; docs/drive.md lists them");
   AddPathOption(*drive, "script", options.script, "Where they are (default: standard input)");
-  AddPathOption(*drive, "--plugin", options.plugin,
-                "Load this plugin (default: that of the installation)");
   drive->add_flag("--simple-text", options.simpleText,
                   "Measure text by a simple rule; no pictures then");
   drive
@@ -23,23 +25,44 @@ void AddDrive(CLI::App& app, DriveOptions& options) {
           "Real milliseconds that a command takes at most (default: 60000)")
       ->type_name("MS")
       ->check(CLI::Range(1, 86'400'000));
+  return drive;
+}
+
+CLI::Option* AddTheme(CLI::App& app, std::optional<ThemeChoice>& theme) {
+  return app
+      .add_option_function<std::string>(
+          "--theme",
+          [&theme](const std::string& name) {
+            const auto found = std::find(std::begin(kThemeNames), std::end(kThemeNames), name);
+            if (found == std::end(kThemeNames))
+              throw startup::UsageError("--theme: \"" + name + "\" is none of system, light, dark");
+            theme = static_cast<ThemeChoice>(found - std::begin(kThemeNames));
+          },
+          "Of the window: light, dark or as the system asks (default: as when it was last closed)")
+      ->type_name("light|dark|system");
 }
 
 }  // namespace
 
-bool ParseArguments(int argc, const char* const* argv, DriveOptions& options) {
-  CLI::App app("Shows the pages of the hardware diagnosis.", "laptop-manager");
+bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
+  CLI::App app("The laptop manager: a window with the hardware diagnosis.", "laptop-manager");
   common::TakeSlashesAsPaths(app);
-  bool headless = false;
-  app.add_flag("--headless", headless, "Without a window on a screen");
-  startup::AddDiagnosisOptions(app, options);
-  app.add_flag("--allow-restart", options.allowRestart,
+  app.fallthrough();  // also the subcommand's, which is made later
+  app.add_flag("--headless", arguments.headless, "Without a window on a screen, to be driven");
+  startup::AddDiagnosisOptions(app, arguments);
+  AddPathOption(app, "--plugin", arguments.plugin,
+                "Load this plugin (default: that of the installation)");
+  app.add_flag("--allow-restart", arguments.allowRestart,
                "Restart the computer when a repair needs it and the user agrees");
-  AddDrive(app, options);
-  app.require_subcommand(1);
-  app.fallthrough();
+  const CLI::Option* const theme = AddTheme(app, arguments.theme);
+  const CLI::App* const drive = AddDrive(app, arguments);
   if (!startup::Parse(app, argc, argv)) return false;
-  if (!headless) throw startup::UsageError("drive needs --headless; see laptop-manager --help");
+  if (drive->parsed() && !arguments.headless)
+    throw startup::UsageError("drive needs --headless; see laptop-manager --help");
+  if (arguments.headless && !drive->parsed())
+    throw startup::UsageError("--headless needs drive; see laptop-manager --help");
+  if (arguments.headless && theme->count() != 0)
+    throw startup::UsageError("--theme is for a window; a drive has the command theme");
   return true;
 }
 

@@ -43,6 +43,11 @@ std::string UserLanguage(const std::filesystem::path& resources) {
   return near == languages.end() ? "en-US" : *near;
 }
 
+bool IsLanguage(const std::string& name, const std::filesystem::path& resources) {
+  const std::vector<std::string> known = Languages(resources);
+  return std::count(known.begin(), known.end(), name) != 0;
+}
+
 std::string NamedLanguage(const std::string& name, const std::filesystem::path& resources) {
   std::vector<std::string> known = Languages(resources);
   known.emplace_back(kIds);

@@ -9,6 +9,9 @@ namespace startup {
 /// resource folder's culture/: the user's own, else one of the same language elsewhere, else en-US.
 std::string UserLanguage(const std::filesystem::path& resources);
 
+/// Whether the language is one of those.
+bool IsLanguage(const std::string& name, const std::filesystem::path& resources);
+
 /// The language that was named, if it is one of those or "ids". Throws UsageError naming those that
 /// are.
 std::string NamedLanguage(const std::string& name, const std::filesystem::path& resources);

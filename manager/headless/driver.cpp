@@ -11,7 +11,6 @@
 #include "platform/duilib/painter/painter.h"
 #include "platform/duilib/window/headless_desktop.h"
 #include "platform/duilib/window/window_impl_base.h"
-#include "platform/os/module.h"
 #include "platform/report/observed_events.h"
 
 namespace manager {
@@ -22,7 +21,6 @@ using common::WideToUtf8;
 using DuiLib::HeadlessDesktop;
 
 constexpr DuiLib::Size kWindowSize{1040, 720};
-constexpr const char* kPlugin = "SysdiagnosePlugin.dll";
 constexpr std::size_t kLongestLine = std::size_t{4} << 20;
 
 struct CommandRow : CommandForm {
@@ -89,16 +87,13 @@ Driver::Driver(const DriveOptions& options, os::VirtualClock& clock)
       painter(options.simpleText ? nullptr : DuiLib::Painter::Load()),
       manager(window.Manager(), options.allowRestart),
       commands(options.script),
-      pluginFile(PluginFile(options)) {
+      pluginFile(Plugin::FileOf(options.plugin)) {
+  hub.KeepPosts();
   if (painter != nullptr) window.Manager().SetTextMeasure(&painter->Measure());
   report::ObserveEvents([this](const tagLogInfo& event) {
     const std::lock_guard lock(eventsMutex);
     events.push_back({event.id, event.payload});
   });
-}
-
-std::filesystem::path Driver::PluginFile(const DriveOptions& options) {
-  return options.plugin.empty() ? os::LibraryFile(kPlugin) : options.plugin;
 }
 
 Driver::~Driver() {

@@ -33,8 +33,8 @@ HostChannel::HostChannel(HostChannelHooks called)
   };
   tellSummary(protocol::kQuietSummary, SummaryOf::kQuietRun);
   tellSummary(protocol::kRunSummary, SummaryOf::kRunOfPages);
-  TellOf(protocol::kRestartRequest, &HostChannelHooks::restart);
-  TellOf(protocol::kRaiseRequest, &HostChannelHooks::raise);
+  TellRestarts();
+  AnswerRaises();
 }
 
 HostChannel::~HostChannel() = default;
@@ -51,14 +51,25 @@ void HostChannel::TellBodiesOf(std::uint32_t messageId, std::function<void(const
       });
 }
 
-void HostChannel::TellOf(std::uint32_t messageId, std::function<void()> HostChannelHooks::*hook) {
-  if (!((*hooks).*hook)) return;
-  client.RegisterMessageCallback(messageId,
-                                 [life = std::weak_ptr(hooks), hook](const tagIPC_MESSAGE_ITEM&) {
-                                   DuiLib::UIMainQueue::dispatch([life, hook] {
-                                     if (const auto living = life.lock()) ((*living).*hook)();
+void HostChannel::TellRestarts() {
+  if (!hooks->restart) return;
+  client.RegisterMessageCallback(protocol::kRestartRequest,
+                                 [life = std::weak_ptr(hooks)](const tagIPC_MESSAGE_ITEM&) {
+                                   DuiLib::UIMainQueue::dispatch([life] {
+                                     if (const auto living = life.lock()) living->restart();
                                    });
                                  });
+}
+
+void HostChannel::AnswerRaises() {
+  if (!hooks->raise) return;
+  client.RegisterMessageCallback(protocol::kRaiseRequest, [this, life = std::weak_ptr(hooks)](
+                                                              const tagIPC_MESSAGE_ITEM& item) {
+    DuiLib::UIMainQueue::dispatch([this, life, source = item.source] {
+      const auto living = life.lock();
+      if (living && living->raise()) Post(source, protocol::kRaiseAnswer, nullptr, 0);
+    });
+  });
 }
 
 void HostChannel::AskForDescriptors() {

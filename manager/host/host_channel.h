@@ -19,7 +19,7 @@ struct HostChannelHooks {
   std::function<void(const protocol::ModuleDescriptor&)> descriptor;
   std::function<void(const protocol::DiagnoseSummary&, SummaryOf)> summary;
   std::function<void()> restart;  // the user wants the computer restarted
-  std::function<void()> raise;    // the user has started the manager once more
+  std::function<bool()> raise;    // the user started it once more: whether its window was raised
 };
 
 /// The manager's end of the messages with its modules. UI thread only.
@@ -42,7 +42,8 @@ class HostChannel {
  private:
   template <typename Body>
   void TellBodiesOf(std::uint32_t messageId, std::function<void(const Body&)> tell);
-  void TellOf(std::uint32_t messageId, std::function<void()> HostChannelHooks::*hook);
+  void TellRestarts();
+  void AnswerRaises();
   void Post(std::uint32_t target, std::uint32_t messageId, const std::uint8_t* data,
             std::uint32_t length);
 

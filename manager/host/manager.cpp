@@ -40,6 +40,7 @@ Manager::Manager(DuiLib::CPaintManagerUI& ofWindow, bool restarts)
            .raise =
                [this] {
                  if (raiseAsked) raiseAsked();
+                 return raiseAsked != nullptr;
                }}) {
   tabs.Add(Text(L"IDS_MANAGER_HOME"), home.GetTree());
   FindIn(*window.GetRoot(), L"btnManagerNoticeClose")

@@ -29,13 +29,16 @@ void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options) {
                "Write every message that is posted to messages.jsonl in the data folder");
 }
 
-void PutDiagnosisInForce(const DiagnosisOptions& options) {
+void PutDiagnosisInForce(const DiagnosisOptions& options,
+                         const std::function<std::string()>& remembered) {
   PutInForce(options);
   const std::filesystem::path resources = os::InstallationFolder() / "res";
-  DuiLib::UICulture::GetInstance()->SetLanguage(options.language.empty()
-                                                    ? UserLanguage(resources)
-                                                    : NamedLanguage(options.language, resources),
-                                                resources);
+  const std::string before = remembered ? remembered() : "";
+  const std::string language = !options.language.empty()
+                                   ? NamedLanguage(options.language, resources)
+                               : IsLanguage(before, resources) ? before
+                                                               : UserLanguage(resources);
+  DuiLib::UICulture::GetInstance()->SetLanguage(language, resources);
   if (options.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "startup/options.h"
@@ -18,8 +19,10 @@ struct DiagnosisOptions : Options {
 /// The options that all programs share which diagnose. `options` lives as long as the parser.
 void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options);
 
-/// Puts folders, machine and language in force and starts log and capture. Throws
-/// std::runtime_error saying which of them cannot be used and why.
-void PutDiagnosisInForce(const DiagnosisOptions& options);
+/// Puts folders, machine and language in force and starts log and capture. `remembered` gives the
+/// language where none was named, empty for none; it is called when the data folder is in force.
+/// Throws std::runtime_error saying which of them cannot be used and why.
+void PutDiagnosisInForce(const DiagnosisOptions& options,
+                         const std::function<std::string()>& remembered = {});
 
 }  // namespace startup

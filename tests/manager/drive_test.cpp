@@ -64,6 +64,18 @@ TEST_F(DriveTest, APluginThatCannotBeLoadedIsOneMessage) {
   }
 }
 
+TEST_F(DriveTest, ACheckThatALibraryEndsIsSaidToHaveBrokenOffAndCanBeginAgain) {
+  machine = common::PathText(folder.path / "machine.json");
+  WriteText(folder.path / "machine.json",
+            R"({"tests": {"CMemFaultDetect::CheckBoard": [{"throws": "library fault"}, 0]}})");
+  const Drive drive =
+      Run("click btnManagerCheck\nwait idle\ntext txtManagerModuleHeadline\nclick btnManagerCheck\n"
+          "wait idle\ntext txtManagerModuleHeadline\n");
+  ASSERT_THAT(drive.answers, SizeIs(6)) << drive.errors;
+  EXPECT_EQ(drive.answers[2], Shows("IDS_MANAGER_MODULE_BROKEN_OFF(2)"));
+  EXPECT_EQ(drive.answers[5], Shows("IDS_HARDWARE_DETECT_DOCTOR_INDEX_DESCRIPTION_OK"));
+}
+
 // Takes the processors for itself.
 class Load {
  public:
