@@ -28,10 +28,11 @@ int Drive(const manager::DriveOptions& options) {
 }
 
 // --lang and --theme are remembered as if they had been chosen in the window.
-int ShowWindow(const manager::Arguments& arguments, manager::Settings settings) {
+int ShowWindow(const manager::Arguments& arguments, manager::Settings settings,
+               const std::string& language) {
   if (!arguments.language.empty()) settings.language = arguments.language;
   if (arguments.theme) settings.theme = *arguments.theme;
-  return manager::RunWindow(arguments, settings);
+  return manager::RunWindow(arguments, settings, language);
 }
 
 }  // namespace
@@ -41,13 +42,13 @@ int main(int argc, char** argv) {
     manager::Arguments arguments;
     if (!manager::ParseArguments(argc, argv, arguments)) return kDone;
     manager::Settings settings;
-    startup::PutDiagnosisInForce(arguments, [&] {
+    const std::string language = startup::PutDiagnosisInForce(arguments, [&] {
       if (!arguments.headless) settings = manager::ReadSettings();
       return settings.language;
     });
     int status = kFailed;
     try {
-      status = arguments.headless ? Drive(arguments) : ShowWindow(arguments, settings);
+      status = arguments.headless ? Drive(arguments) : ShowWindow(arguments, settings, language);
     } catch (const std::exception& error) {
       startup::PrintError(kProgram, error.what());
     }

@@ -14,15 +14,6 @@ namespace {
 
 constexpr std::string_view kIds = "ids";  // shows the ids of the texts
 
-// In alphabetical order.
-std::vector<std::string> Languages(const std::filesystem::path& resources) {
-  std::vector<std::string> languages;
-  for (const auto& file : os::EntriesOf(resources / "culture"))
-    if (file.extension() == ".xml") languages.push_back(common::PathText(file.stem()));
-  std::sort(languages.begin(), languages.end());
-  return languages;
-}
-
 // "zh-CN" of "zh_CN.UTF-8".
 std::string LanguageOf(std::string locale) {
   locale.resize(std::min(locale.find_first_of(".@"), locale.size()));
@@ -31,6 +22,14 @@ std::string LanguageOf(std::string locale) {
 }
 
 }  // namespace
+
+std::vector<std::string> Languages(const std::filesystem::path& resources) {
+  std::vector<std::string> languages;
+  for (const auto& file : os::EntriesOf(resources / "culture"))
+    if (file.extension() == ".xml") languages.push_back(common::PathText(file.stem()));
+  std::sort(languages.begin(), languages.end());
+  return languages;
+}
 
 std::string UserLanguage(const std::filesystem::path& resources) {
   const std::vector<std::string> languages = Languages(resources);
@@ -41,11 +40,6 @@ std::string UserLanguage(const std::filesystem::path& resources) {
       languages.begin(), languages.end(),
       [&anywhere](const std::string& language) { return language.starts_with(anywhere); });
   return near == languages.end() ? "en-US" : *near;
-}
-
-bool IsLanguage(const std::string& name, const std::filesystem::path& resources) {
-  const std::vector<std::string> known = Languages(resources);
-  return std::count(known.begin(), known.end(), name) != 0;
 }
 
 std::string NamedLanguage(const std::string& name, const std::filesystem::path& resources) {

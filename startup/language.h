@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace startup {
 
@@ -9,8 +10,8 @@ namespace startup {
 /// resource folder's culture/: the user's own, else one of the same language elsewhere, else en-US.
 std::string UserLanguage(const std::filesystem::path& resources);
 
-/// Whether the language is one of those.
-bool IsLanguage(const std::string& name, const std::filesystem::path& resources);
+/// All of those, in alphabetical order.
+std::vector<std::string> Languages(const std::filesystem::path& resources);
 
 /// The language that was named, if it is one of those or "ids". Throws UsageError naming those that
 /// are.

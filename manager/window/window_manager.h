@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "manager/host/manager.h"
 #include "manager/window/settings.h"
@@ -12,9 +13,11 @@ namespace manager {
 /// UI thread only.
 class WindowManager {
  public:
-  /// Shows the window. `settings` are kept up to date, and outlive this. Throws std::runtime_error
+  /// Shows the window. `settings` are kept up to date, and outlive this; `language` is the one in
+  /// force. Throws std::runtime_error
   /// when a layout cannot be read.
-  WindowManager(DuiLib::Desktop& desktop, Settings& settings, bool mayRestart);
+  WindowManager(DuiLib::Desktop& desktop, Settings& settings, const std::string& language,
+                bool mayRestart);
   WindowManager(const WindowManager&) = delete;
   WindowManager& operator=(const WindowManager&) = delete;
   ~WindowManager();
@@ -26,6 +29,7 @@ class WindowManager {
 
  private:
   void ShowTheme();
+  void OfferChoices(const std::string& language);
 
   DuiLib::Desktop& desktop;
   Settings& settings;

@@ -69,7 +69,7 @@ void Leave(Manager& manager) {
 
 }  // namespace
 
-int RunWindow(const ManagerOptions& options, Settings settings) {
+int RunWindow(const ManagerOptions& options, Settings settings, const std::string& language) {
   std::string reason;
   DuiLib::Desktop* const desktop = DuiLib::Desktop::Load(reason);
   if (desktop == nullptr) {
@@ -85,7 +85,7 @@ int RunWindow(const ManagerOptions& options, Settings settings) {
   startup::Interruptible interruptible(kEndedAtOnce);
   QuitWhenInterrupted(*desktop);
   DuiLib::WindowSystem::SetInForce(desktop);
-  WindowManager window(*desktop, settings, options.allowRestart);
+  WindowManager window(*desktop, settings, language, options.allowRestart);
   UIMainQueue::dispatch(
       [&window, file = Plugin::FileOf(options.plugin)] { window.LoadPlugin(file); });
   desktop->Run();

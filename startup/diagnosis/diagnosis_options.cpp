@@ -1,6 +1,8 @@
 #include "startup/diagnosis/diagnosis_options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <vector>
 
 #include "common/path_option.h"
 #include "platform/duilib/culture/culture.h"
@@ -29,17 +31,20 @@ void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options) {
                "Write every message that is posted to messages.jsonl in the data folder");
 }
 
-void PutDiagnosisInForce(const DiagnosisOptions& options,
-                         const std::function<std::string()>& remembered) {
+std::string PutDiagnosisInForce(const DiagnosisOptions& options,
+                                const std::function<std::string()>& remembered) {
   PutInForce(options);
   const std::filesystem::path resources = os::InstallationFolder() / "res";
   const std::string before = remembered ? remembered() : "";
+  const std::vector<std::string> known = Languages(resources);
+  const bool isKnown = std::count(known.begin(), known.end(), before) != 0;
   const std::string language = !options.language.empty()
                                    ? NamedLanguage(options.language, resources)
-                               : IsLanguage(before, resources) ? before
-                                                               : UserLanguage(resources);
+                               : isKnown ? before
+                                         : UserLanguage(resources);
   DuiLib::UICulture::GetInstance()->SetLanguage(language, resources);
   if (options.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
+  return language;
 }
 
 }  // namespace startup

@@ -21,8 +21,9 @@ void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options);
 
 /// Puts folders, machine and language in force and starts log and capture. `remembered` gives the
 /// language where none was named, empty for none; it is called when the data folder is in force.
-/// Throws std::runtime_error saying which of them cannot be used and why.
-void PutDiagnosisInForce(const DiagnosisOptions& options,
-                         const std::function<std::string()>& remembered = {});
+/// Returns the language in force. Throws std::runtime_error saying which of them cannot be used and
+/// why.
+std::string PutDiagnosisInForce(const DiagnosisOptions& options,
+                                const std::function<std::string()>& remembered = {});
 
 }  // namespace startup

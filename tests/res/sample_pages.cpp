@@ -4,6 +4,7 @@
 
 #include "common/text.h"
 #include "manager/host/module_card.h"
+#include "manager/window/choice.h"
 #include "platform/duilib/builder/dialog_builder.h"
 #include "platform/duilib/controls/frame_animation.h"
 #include "platform/duilib/controls/label.h"
@@ -456,6 +457,12 @@ protocol::DiagnoseSummary ToldInOrder() {
 void FillHome(SampleWindow& window, const std::function<void(manager::ModuleProgress&)>& follow) {
   SetTextIn(window, L"txtManagerProduct", L"TUSK 14");
   window.Find(L"txtManagerProduct").SetVisible(true);
+  manager::OfferChoice(window.Manager(), L"lytManagerThemes",
+                       {TextOf(L"IDS_MANAGER_THEME_SYSTEM"), TextOf(L"IDS_MANAGER_THEME_LIGHT"),
+                        TextOf(L"IDS_MANAGER_THEME_DARK")},
+                       0, {});
+  manager::OfferChoice(window.Manager(), L"lytManagerLanguages", {L"en-US", L"zh-CN"}, 1, {});
+  window.Find(L"lytManagerChoices").SetVisible(true);
   protocol::ModuleDescriptor descriptor;
   descriptor.mainIcon = Picture(L"index_hardware");
   descriptor.title = L"IDS_HARDWARE_DETECT";
