@@ -96,7 +96,7 @@ void ShowCategory(CContainerUI& chip, const DetectListEntry& entry) {
 }  // namespace
 
 ModuleCard::ModuleCard(CContainerUI& into, const protocol::ModuleDescriptor& descriptor,
-                       ModuleCardHooks hooks)
+                       const ModuleCardHooks& hooks)
     : tree(*BuildLayout(L"layout\\manager_module.xml", into.GetManager(), &into)) {
   Find(L"ctlManagerModuleIcon").SetImage(descriptor.mainIcon);
   SetText(L"txtManagerModuleTitle", Text(descriptor.title.c_str()));

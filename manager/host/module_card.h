@@ -24,7 +24,7 @@ class ModuleCard {
   /// Builds it into a container that outlives this. Throws std::runtime_error when a layout cannot
   /// be read or lacks a control.
   ModuleCard(DuiLib::CContainerUI& into, const protocol::ModuleDescriptor& descriptor,
-             ModuleCardHooks hooks);
+             const ModuleCardHooks& hooks);
 
   void Show(const ModuleProgress& progress, bool hasPage);
 
