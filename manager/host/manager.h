@@ -22,6 +22,8 @@ class Manager {
   Manager(DuiLib::CPaintManagerUI& window, bool mayRestart);
   Manager(const Manager&) = delete;
   Manager& operator=(const Manager&) = delete;
+  /// Pages go before what made them.
+  ~Manager() { TakePlugin(); }
 
   /// Loads it and mounts its pages. Throws std::runtime_error naming the file and the reason;
   /// pages that were mounted until then are still there.

@@ -49,6 +49,7 @@ void WindowManager::LoadPlugin(const std::filesystem::path& file) {
     manager.LoadPlugin(file);
   } catch (const std::exception& error) {
     COMMON_LOG_ERROR(log4cxx::Logger::getLogger("orv.manager"), error.what());
+    manager.TakePlugin();
     manager.ShowNotice(Text(L"IDS_MANAGER_NO_PLUGIN"));
   }
 }
