@@ -1,11 +1,15 @@
 #include "manager/host/restart.h"
 
+#include <chrono>
+
 #include "platform/os/child_process.h"
 
 namespace manager {
 
-// The system may ask the user in between, so it is not waited for.
+// It may have to ask the user, so nobody waits for its end before the manager's own.
 struct RestartOfComputer::System {
+  ~System() { command.EndsWithin(std::chrono::seconds(3)); }
+
   os::ChildProcess command{{"systemctl", "reboot"}};
 };
 
