@@ -1,0 +1,40 @@
+#pragma once
+
+#include <wx/evtloop.h>
+
+#include <vector>
+
+#include "platform/duilib/window/desktop.h"
+
+namespace duiwindow {
+
+class ModalWindow;
+
+/// The windows on the display.
+class Screen final : public DuiLib::Desktop {
+ public:
+  /// The display has been connected.
+  static Screen& Instance();
+
+  std::unique_ptr<DuiLib::NativeWindow> Make(DuiLib::WindowImplBase& window) override;
+  std::unique_ptr<DuiLib::TopWindow> MakeTop(DuiLib::CPaintManagerUI& content,
+                                             const DuiLib::Placement& placement) override;
+  void Run() override;
+  void Quit() override;
+  bool IsDark() const override { return dark; }
+
+  /// Those that exist, the latest last.
+  void Add(ModalWindow& window) { modals.push_back(&window); }
+  void Remove(ModalWindow& window) { std::erase(modals, &window); }
+
+ private:
+  Screen();
+
+  void OnDarkChanged();
+
+  wxGUIEventLoop* loop = nullptr;  // while it runs
+  std::vector<ModalWindow*> modals;
+  bool dark = false;
+};
+
+}  // namespace duiwindow
