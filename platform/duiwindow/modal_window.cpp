@@ -43,10 +43,12 @@ class Veil {
 }  // namespace
 
 ModalWindow::ModalWindow(DuiLib::WindowImplBase& around)
-    : window(around), dialog(MakeDialog(around)), canvas(new Canvas(*dialog, around.GetManager())) {
+    : window(around),
+      wishedSize(around.GetManager().GetClientSize()),
+      dialog(MakeDialog(around)),
+      canvas(new Canvas(*dialog, around.GetManager())) {
   Screen::Instance().Add(*this);
-  const DuiLib::Size size = window.GetManager().GetClientSize();
-  dialog->SetClientSize(dialog->FromDIP(wxSize(size.width, size.height)));
+  dialog->SetClientSize(dialog->FromDIP(wxSize(wishedSize.width, wishedSize.height)));
   RoundCorners();
   dialog->Bind(wxEVT_CLOSE_WINDOW, &ModalWindow::OnClose, this);
   canvas->dragsAt = [this](DuiLib::Point point) {
