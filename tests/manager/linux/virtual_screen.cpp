@@ -47,6 +47,25 @@ bool IsSeenToDiffer(std::uint32_t one, std::uint32_t other) {
   return false;
 }
 
+std::string TitleOf(Display* display, Window window) {
+  char* name = nullptr;
+  if (XFetchName(display, window, &name) == 0) return {};
+  const std::string title = name;
+  XFree(name);
+  return title;
+}
+
+void AskToClose(Display* display, Window window) {
+  XEvent event{};
+  event.xclient.type = ClientMessage;
+  event.xclient.window = window;
+  event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+  event.xclient.format = 32;
+  event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+  event.xclient.data.l[1] = CurrentTime;
+  XSendEvent(display, window, False, NoEventMask, &event);
+}
+
 }  // namespace
 
 Picture ReadPicture(const std::filesystem::path& png) {
@@ -91,6 +110,17 @@ struct VirtualScreen::Connection {
   }
   ~Connection() { XCloseDisplay(display); }
 
+  std::vector<Window> TopWindows() const {
+    Window root = 0;
+    Window parent = 0;
+    Window* children = nullptr;
+    unsigned count = 0;
+    XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count);
+    const std::vector<Window> windows(children, children + count);
+    if (children != nullptr) XFree(children);
+    return windows;
+  }
+
   Display* const display;
 };
 
@@ -128,7 +158,15 @@ void VirtualScreen::Press(const std::string& key) const {
 }
 
 void VirtualScreen::CloseWindows(const std::string& title) const {
-  Tell({"search", "--onlyvisible", "--name", title, "windowquit", "%@"});
+  Display* const display = connection->display;
+  std::size_t closed = 0;
+  for (const Window window : connection->TopWindows()) {
+    if (TitleOf(display, window) != title) continue;
+    AskToClose(display, window);
+    ++closed;
+  }
+  XFlush(display);
+  if (closed == 0) throw std::runtime_error("no window " + title);
 }
 
 void VirtualScreen::Tell(const std::vector<std::string>& words) const {

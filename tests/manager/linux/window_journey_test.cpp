@@ -29,7 +29,7 @@ constexpr int kHeight = 720;
 // little otherwise.
 constexpr double kAlike = 0.01;
 
-bool Becomes(const std::function<bool()>& condition, std::chrono::seconds limit = 120s) {
+bool Becomes(const std::function<bool()>& condition, std::chrono::seconds limit = 60s) {
   const auto end = std::chrono::steady_clock::now() + limit;
   while (!condition()) {
     if (std::chrono::steady_clock::now() > end) return false;
@@ -159,7 +159,7 @@ TEST_F(WindowJourneyTest, AHungLibraryKeepsNeitherTheWindowNorItsEnd) {
   const std::string machine = common::PathText(folder.path / "machine.json");
   WriteText(
       folder.path / "machine.json",
-      R"({"product": "TUSK 14", "tests": {"CMemFaultDetect::CheckBoard": {"delayMs": 3600000}}})");
+      R"({"product": "TUSK 14", "tests": {"CMemFaultDetect::CheckBoard": {"delayMs": 600000}}})");
   std::vector<Step> steps = {{"click btnManagerCheck", "checked"},
                              {"click optManagerTab[1]", "history"}};
   ASSERT_NO_FATAL_FAILURE(DriveThrough(healthy, steps));
