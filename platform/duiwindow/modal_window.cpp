@@ -44,7 +44,6 @@ class Veil {
 
 ModalWindow::ModalWindow(DuiLib::WindowImplBase& around)
     : window(around), dialog(MakeDialog(around)), canvas(new Canvas(*dialog, around.GetManager())) {
-  Screen::Instance().Add(*this);
   const DuiLib::Size size = window.GetManager().GetClientSize();
   dialog->SetClientSize(dialog->FromDIP(wxSize(size.width, size.height)));
   RoundCorners();
@@ -58,7 +57,6 @@ ModalWindow::ModalWindow(DuiLib::WindowImplBase& around)
 }
 
 ModalWindow::~ModalWindow() {
-  Screen::Instance().Remove(*this);
   canvas->Detach();
   dialog->Hide();
   dialog->Destroy();
@@ -81,6 +79,7 @@ void ModalWindow::Centre() {
 void ModalWindow::RunModal() {
   {
     const Veil veil(window);
+    const Screen::Running running(*this);
     ContentLoop::Instance().Settle();
     ContentLoop::Instance().WakeUp();
     dialog->ShowModal();

@@ -1,5 +1,6 @@
 #include "platform/duilib/window/desktop.h"
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -61,39 +62,23 @@ class DesktopTest : public testing::Test {
   }
 
   /// Runs the loop until that has come about; a minute is the limit.
-  void RunUntil(const std::function<bool()>& condition) { RunContentUntil(content, condition); }
-
-  void RunContentUntil(CPaintManagerUI& manager, const std::function<bool()>& condition) {
+  void RunUntil(const std::function<bool()>& condition) {
+    constexpr std::size_t kTimer = 999;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    CControlUI& root = *content.GetRoot();
     bool met = false;
-    const Watch watch(manager, [&] {
+    root.SetNotifyHook([&](TNotifyUI& told) {
+      if (told.type != kNotifyTimer || told.value != kTimer) return false;
       met = condition();
-      if (met) desktop.Quit();
+      if (met || std::chrono::steady_clock::now() > end) desktop.Quit();
+      return true;
     });
+    content.SetTimer(&root, kTimer, 5);
     desktop.Run();
+    content.KillTimer(&root, kTimer);
+    root.SetNotifyHook({});
     EXPECT_TRUE(met);
   }
-
-  /// Asks again and again while a loop runs.
-  class Watch {
-   public:
-    Watch(CPaintManagerUI& on, std::function<void()> ask) : manager(on), control(new CControlUI) {
-      auto* const root = static_cast<CContainerUI*>(manager.GetRoot());
-      control->SetNotifyHook([asks = std::move(ask)](TNotifyUI&) {
-        asks();
-        return true;
-      });
-      control->SetVisible(false);
-      root->Add(control);
-      manager.SetTimer(control, 0, 5);
-    }
-    ~Watch() { static_cast<CContainerUI*>(manager.GetRoot())->Remove(control); }
-    Watch(const Watch&) = delete;
-    Watch& operator=(const Watch&) = delete;
-
-   private:
-    CPaintManagerUI& manager;
-    CControlUI* const control;
-  };
 
   template <typename Class>
   Class& Get(const std::wstring& name) {
@@ -108,6 +93,7 @@ class DesktopTest : public testing::Test {
 
   Desktop& desktop;
   RecordingPump pump;
+  Heard all;
   CPaintManagerUI content;
   std::unique_ptr<TopWindow> window;
   const Hand hand{"sample"};
@@ -129,6 +115,170 @@ TEST_F(DesktopTest, ShowsWhatAPictureShows) {
     }
     return true;
   });
+}
+
+TEST_F(DesktopTest, APersonsClicksAndKeysReachTheControls) {
+  FillList(40);
+  const auto heard = [&](const std::string& line) {
+    RunUntil([&] {
+      for (std::string& one : pump.Take()) all.push_back(std::move(one));
+      return std::find(all.begin(), all.end(), line) != all.end();
+    });
+    all.clear();
+  };
+  hand.Click(MiddleOf(L"btnMain"));
+  heard("click btnMain 0");
+  EXPECT_TRUE(Get<CControlUI>(L"btnMain").IsHovered());
+  EXPECT_FALSE(content.ShowsFocus());
+
+  hand.Key("Tab");
+  hand.Key("space");
+  heard("selectchanged optCheck 0");
+  EXPECT_TRUE(content.ShowsFocus());
+
+  const Rect bar = Get<CListUI>(L"list").GetScrollThumb();
+  auto& list = Get<CListUI>(L"list");
+  hand.Move({bar.left - 40, bar.Middle().y});
+  hand.Wheel(3);  // the first notch may only tell where the wheel stands
+  RunUntil([&] { return list.GetScrollPos() >= 240; });
+
+  // Held at its middle, and not let go by leaving it.
+  const Rect thumb = list.GetScrollThumb();
+  hand.Move(thumb.Middle());
+  hand.Press();
+  RunUntil([&] { return content.GetPressed() == &list; });
+  hand.Move({thumb.left - 200, 540});
+  RunUntil([&] { return list.GetScrollPos() == list.GetScrollRange(); });
+  hand.Move({thumb.left - 200, 4});
+  RunUntil([&] { return list.GetScrollPos() == 0; });
+  hand.Release();
+  hand.Click({bar.left - 40, list.GetPos().top + 8 + 16});
+  heard("itemselect  0");
+  hand.Key("End");
+  heard("itemselect  39");
+}
+
+TEST_F(DesktopTest, PaintsOnlyWhatHasChanged) {
+  hand.Move({5, 5});
+  RunUntil([&] { return hand.Look().size == kSize; });
+  const Hand::Shot before = hand.Look();
+  // Colours of the theme that nothing tells of: where they show something was painted anew.
+  content.GetTheme().SetColour(L"window", 0xFF00FF00, 0xFF00FF00);
+  content.GetTheme().SetColour(L"card", 0xFF00FF00, 0xFF00FF00);
+  const Rect place = Get<CControlUI>(L"txtNumbers").GetPos();
+  Rect changed;
+  Get<CLabelUI>(L"txtNumbers").SetText(L"9876543210");
+  RunUntil([&] {
+    const Hand::Shot after = hand.Look();
+    for (int y = 0; y < kSize.height; ++y) {
+      for (int x = 0; x < kSize.width; ++x) {
+        const auto at = static_cast<std::size_t>(y) * kSize.width + x;
+        if (after.dots[at] != before.dots[at]) changed = changed.Holding({x, y, x + 1, y + 1});
+      }
+    }
+    return !changed.IsEmpty();
+  });
+  EXPECT_TRUE(place.GrownBy(content.GetPaintReach()).Holds(changed)) << changed.Height();
+}
+
+TEST_F(DesktopTest, ClosuresAndTimersRunInTimeAndNothingElseWakesTheLoop) {
+  std::vector<int> ran;
+  std::thread other([&] {
+    for (int number = 0; number < 100; ++number) {
+      UIMainQueue::dispatch([&ran, number] { ran.push_back(number); });
+    }
+    UIMainQueue::dispatch([this] { desktop.Quit(); });
+  });
+  desktop.Run();
+  other.join();
+  ASSERT_EQ(ran.size(), 100u);
+  EXPECT_TRUE(std::is_sorted(ran.begin(), ran.end()));
+
+  UIMainQueue::dispatch([] { throw std::runtime_error("of a closure"); });
+  auto& button = Get<CControlUI>(L"btnMain");
+  button.SetNotifyHook([&](TNotifyUI& told) -> bool {
+    if (told.type == kNotifyTimer) desktop.Quit();
+    throw std::runtime_error("of a timer");
+  });
+  content.SetTimer(&button, 7, 20);
+  const auto began = std::chrono::steady_clock::now();
+  desktop.Run();
+  EXPECT_GE(std::chrono::steady_clock::now() - began, milliseconds(20));
+  const std::string log = TestLog::Instance().Take();
+  EXPECT_NE(log.find("of a closure"), std::string::npos) << log;
+  EXPECT_NE(log.find("of a timer"), std::string::npos) << log;
+  content.KillTimer(&button);
+}
+
+TEST_F(DesktopTest, ThePersonClosesItAndMayBeAskedFirst) {
+  int asked = 0;
+  window->closeAsked = [&] { return ++asked == 2; };
+  hand.Close();
+  RunUntil([&] { return asked == 1; });
+  window->closed = [&] {
+    window.reset();  // which it may
+    desktop.Quit();
+  };
+  hand.Close();
+  desktop.Run();
+  EXPECT_EQ(asked, 2);
+  EXPECT_EQ(window, nullptr);
+}
+
+class SampleDialog final : public WindowImplBase {
+ public:
+  CDuiString GetWindowClassName() const override { return L"SampleDialog"; }
+  int OnNcHitTest(Point screen) override {
+    return ScreenToClient(screen).y < 60 ? kHitCaption : kHitClient;
+  }
+  void OnCancel() override {
+    ++cancels;
+    Close(5);
+  }
+  int cancels = 0;
+
+ protected:
+  CDuiString GetSkinFile() const override { return L"dialog.xml"; }
+  CDuiString GetSkinFolder() const override { return kResources.wstring(); }
+  void InitWindow() override {
+    GetManager().SetSkinFolder(kResources);
+    GetManager().GetRoot()->SetNotifyHook([](TNotifyUI&) { return false; });
+  }
+};
+
+TEST_F(DesktopTest, AModalWindowRunsClosuresTakesTheInputAndIsDragged) {
+  SampleDialog dialog;
+  ASSERT_TRUE(dialog.Create(&content, L"modal", 0, 0));
+  dialog.CenterWindow();
+  EXPECT_EQ(dialog.GetManager().GetScale(), content.GetScale());
+  const Hand over("modal");
+  const Hand::Shot before = hand.Look();
+
+  int result = -1;
+  Point from;
+  Point to;
+  std::size_t clicks = 0;
+  std::thread person([&] {
+    from = over.Place();
+    hand.Click({60, 40});  // beside it
+    over.Move({200, 30});
+    over.Press();
+    for (int step = 1; step <= 5; ++step) over.Move({200 + step, 30 + step});
+    over.Release();
+    UIMainQueue::dispatch([&] { ++clicks; });
+    over.Key("Escape");
+  });
+  UIMainQueue::dispatch([&] {
+    result = dialog.ShowModal();
+    desktop.Quit();
+  });
+  desktop.Run();
+  person.join();
+  to = from;
+  EXPECT_EQ(result, 5);
+  EXPECT_EQ(dialog.cancels, 1);
+  EXPECT_EQ(clicks, 1u);
+  EXPECT_EQ(pump.Take(), Heard{});
 }
 
 }  // namespace

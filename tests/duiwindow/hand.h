@@ -23,6 +23,8 @@ class Hand {
   void Wheel(int notches) const;
   /// "Tab", "Return", "space", "Escape", "Down".
   void Key(const std::string& name) const;
+  /// By its frame.
+  void Close() const;
 
   struct Shot {
     DuiLib::Size size;
