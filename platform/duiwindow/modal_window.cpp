@@ -43,9 +43,11 @@ class Veil {
 }  // namespace
 
 ModalWindow::ModalWindow(DuiLib::WindowImplBase& around)
-    : window(around), dialog(MakeDialog(around)), canvas(new Canvas(*dialog, around.GetManager())) {
-  const DuiLib::Size size = window.GetManager().GetClientSize();
-  dialog->SetClientSize(dialog->FromDIP(wxSize(size.width, size.height)));
+    : window(around),
+      wishedSize(around.GetManager().GetClientSize()),
+      dialog(MakeDialog(around)),
+      canvas(new Canvas(*dialog, around.GetManager())) {
+  dialog->SetClientSize(dialog->FromDIP(wxSize(wishedSize.width, wishedSize.height)));
   RoundCorners();
   dialog->Bind(wxEVT_CLOSE_WINDOW, &ModalWindow::OnClose, this);
   canvas->dragsAt = [this](DuiLib::Point point) {

@@ -28,7 +28,8 @@ class ModalWindow final : public DuiLib::NativeWindow, private wxEvtHandler {
   void RoundCorners();
 
   DuiLib::WindowImplBase& window;
-  wxDialog* const dialog;  // of the toolkit, which destroys it when its events are done
+  const DuiLib::Size wishedSize;  // that its content asked for, before it is given that of a canvas
+  wxDialog* const dialog;         // of the toolkit, which destroys it when its events are done
   Canvas* const canvas;
 };
 

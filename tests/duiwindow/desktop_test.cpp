@@ -31,6 +31,31 @@ Desktop& TheDesktop() {
   return *desktop;
 }
 
+// The systems round a colour that lies between two in their ways.
+bool AreAlike(unsigned one, unsigned other) {
+  constexpr int kMost = 4;
+  for (const int shift : {0, 8, 16}) {
+    const auto level = [&](unsigned colour) { return static_cast<int>(colour >> shift & 0xFF); };
+    if (std::abs(level(one) - level(other)) > kMost) return false;
+  }
+  return true;
+}
+
+/// Whether a window looks as its picture, but for so many dots at its sides.
+bool ShowsPicture(const Hand& hand, CPaintManagerUI& content, int sides) {
+  const TemporaryFolder folder;
+  Painter::Load()->PaintInto(folder.path / "picture.png", {&content});
+  const Picture picture(folder.path / "picture.png");
+  const Hand::Shot shot = hand.Look();
+  if (shot.size != picture.GetSize()) return false;
+  for (int y = sides; y < shot.size.height - sides; ++y) {
+    for (int x = sides; x < shot.size.width - sides; ++x) {
+      if (!AreAlike(shot.At(x, y), picture.At(x, y))) return false;
+    }
+  }
+  return true;
+}
+
 /// A real window over the layout with every control.
 class DesktopTest : public testing::Test {
  protected:
@@ -101,20 +126,7 @@ class DesktopTest : public testing::Test {
 
 TEST_F(DesktopTest, ShowsWhatAPictureShows) {
   hand.Move({5, 5});
-  RunUntil([&] {
-    TemporaryFolder folder;
-    Painter::Load()->PaintInto(folder.path / "picture.png", {&content});
-    const Picture picture(folder.path / "picture.png");
-    const Hand::Shot shot = hand.Look();
-    if (shot.size != picture.GetSize()) return false;
-    for (int y = 0; y < shot.size.height; ++y) {
-      for (int x = 0; x < shot.size.width; ++x) {
-        if (shot.dots[static_cast<std::size_t>(y) * shot.size.width + x] != picture.At(x, y))
-          return false;
-      }
-    }
-    return true;
-  });
+  RunUntil([&] { return ShowsPicture(hand, content, 0); });
 }
 
 TEST_F(DesktopTest, APersonsClicksAndKeysReachTheControls) {
@@ -172,8 +184,7 @@ TEST_F(DesktopTest, PaintsOnlyWhatHasChanged) {
     const Hand::Shot after = hand.Look();
     for (int y = 0; y < kSize.height; ++y) {
       for (int x = 0; x < kSize.width; ++x) {
-        const auto at = static_cast<std::size_t>(y) * kSize.width + x;
-        if (after.dots[at] != before.dots[at]) changed = changed.Holding({x, y, x + 1, y + 1});
+        if (after.At(x, y) != before.At(x, y)) changed = changed.Holding({x, y, x + 1, y + 1});
       }
     }
     return !changed.IsEmpty();
@@ -240,45 +251,72 @@ class SampleDialog final : public WindowImplBase {
  protected:
   CDuiString GetSkinFile() const override { return L"dialog.xml"; }
   CDuiString GetSkinFolder() const override { return kResources.wstring(); }
-  void InitWindow() override {
-    GetManager().SetSkinFolder(kResources);
-    GetManager().GetRoot()->SetNotifyHook([](TNotifyUI&) { return false; });
-  }
+  void InitWindow() override { GetManager().SetSkinFolder(kResources); }
 };
 
 TEST_F(DesktopTest, AModalWindowRunsClosuresTakesTheInputAndIsDragged) {
+  hand.Move({5, 5});
+  RunUntil([&] { return ShowsPicture(hand, content, 0); });
+  const unsigned bright = hand.Look().At(10, 10);
   SampleDialog dialog;
   ASSERT_TRUE(dialog.Create(&content, L"modal", 0, 0));
   dialog.CenterWindow();
-  EXPECT_EQ(dialog.GetManager().GetScale(), content.GetScale());
   const Hand over("modal");
-  const Hand::Shot before = hand.Look();
 
-  int result = -1;
   Point from;
   Point to;
-  std::size_t clicks = 0;
-  std::thread person([&] {
-    from = over.Place();
-    hand.Click({60, 40});  // beside it
-    over.Move({200, 30});
-    over.Press();
-    for (int step = 1; step <= 5; ++step) over.Move({200 + step, 30 + step});
-    over.Release();
-    UIMainQueue::dispatch([&] { ++clicks; });
-    over.Key("Escape");
+  bool showed = false;
+  unsigned dimmed = 0;
+  std::vector<std::string> steps;
+  // Each step runs in the loop of the modal window, when what came before it has been done.
+  const std::function<bool()> script[] = {
+      [&] { return showed = ShowsPicture(over, dialog.GetManager(), 14); },
+      [&] {
+        dimmed = hand.Look().At(10, 10);
+        return dimmed != bright;
+      },
+      [&] {
+        hand.Click({60, 40});  // beside it
+        from = over.Place();
+        over.Move({200, 30});
+        over.Press();
+        over.Move({205, 35});
+        return true;
+      },
+      [&] {
+        over.Move({205, 35});
+        to = over.Place();
+        return to.x >= from.x + 20 && to.y >= from.y + 20;
+      },
+      [&] {
+        over.Release();
+        over.Key("Escape");
+        return true;
+      },
+  };
+  std::size_t step = 0;
+  CControlUI& root = *dialog.GetManager().GetRoot();
+  root.SetNotifyHook([&](TNotifyUI&) {
+    if (step < std::size(script) && script[step]()) ++step;
+    return true;
   });
+  dialog.GetManager().SetTimer(&root, 0, 5);
+
+  int result = -1;
   UIMainQueue::dispatch([&] {
+    UIMainQueue::dispatch([&] { steps.emplace_back("closure in its loop"); });
     result = dialog.ShowModal();
+    steps.emplace_back("end of its loop");
     desktop.Quit();
   });
   desktop.Run();
-  person.join();
-  to = from;
+  EXPECT_TRUE(showed);
+  EXPECT_EQ(steps, (std::vector<std::string>{"closure in its loop", "end of its loop"}));
   EXPECT_EQ(result, 5);
   EXPECT_EQ(dialog.cancels, 1);
-  EXPECT_EQ(clicks, 1u);
+  EXPECT_LT(dimmed & 0xFF, bright & 0xFF);
   EXPECT_EQ(pump.Take(), Heard{});
+  RunUntil([&] { return hand.Look().At(10, 10) == bright; });
 }
 
 }  // namespace

@@ -29,6 +29,9 @@ class Hand {
   struct Shot {
     DuiLib::Size size;
     std::vector<std::uint32_t> dots;  // without alpha
+    std::uint32_t At(int x, int y) const {
+      return dots[static_cast<std::size_t>(y) * size.width + x];
+    }
   };
   /// The content as it stands on the display.
   Shot Look() const;
