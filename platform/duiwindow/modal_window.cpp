@@ -47,7 +47,6 @@ ModalWindow::ModalWindow(DuiLib::WindowImplBase& around)
       wishedSize(around.GetManager().GetClientSize()),
       dialog(MakeDialog(around)),
       canvas(new Canvas(*dialog, around.GetManager())) {
-  Screen::Instance().Add(*this);
   dialog->SetClientSize(dialog->FromDIP(wxSize(wishedSize.width, wishedSize.height)));
   RoundCorners();
   dialog->Bind(wxEVT_CLOSE_WINDOW, &ModalWindow::OnClose, this);
@@ -60,7 +59,6 @@ ModalWindow::ModalWindow(DuiLib::WindowImplBase& around)
 }
 
 ModalWindow::~ModalWindow() {
-  Screen::Instance().Remove(*this);
   canvas->Detach();
   dialog->Hide();
   dialog->Destroy();
@@ -83,6 +81,7 @@ void ModalWindow::Centre() {
 void ModalWindow::RunModal() {
   {
     const Veil veil(window);
+    const Screen::Running running(*this);
     ContentLoop::Instance().Settle();
     ContentLoop::Instance().WakeUp();
     dialog->ShowModal();

@@ -23,17 +23,25 @@ class Screen final : public DuiLib::Desktop {
   void Quit() override;
   bool IsDark() const override { return dark; }
 
-  /// Those that exist, the latest last.
-  void Add(ModalWindow& window) { modals.push_back(&window); }
-  void Remove(ModalWindow& window) { std::erase(modals, &window); }
+  /// A modal window runs its loop while this lives.
+  class Running {
+   public:
+    explicit Running(ModalWindow& modal) : window(&modal) { Instance().modals.push_back(window); }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    ~Running() { std::erase(Instance().modals, window); }
+
+   private:
+    ModalWindow* const window;
+  };
 
  private:
   Screen();
 
   void OnDarkChanged();
 
-  wxGUIEventLoop* loop = nullptr;  // while it runs
-  std::vector<ModalWindow*> modals;
+  wxGUIEventLoop* loop = nullptr;    // while it runs
+  std::vector<ModalWindow*> modals;  // the topmost last
   bool dark = false;
 };
 

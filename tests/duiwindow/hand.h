@@ -23,10 +23,15 @@ class Hand {
   void Wheel(int notches) const;
   /// "Tab", "Return", "space", "Escape", "Down".
   void Key(const std::string& name) const;
+  /// By its frame.
+  void Close() const;
 
   struct Shot {
     DuiLib::Size size;
     std::vector<std::uint32_t> dots;  // without alpha
+    std::uint32_t At(int x, int y) const {
+      return dots[static_cast<std::size_t>(y) * size.width + x];
+    }
   };
   /// The content as it stands on the display.
   Shot Look() const;

@@ -1,8 +1,9 @@
 #include "tests/duiwindow/hand.h"
 
-#include <wx/image.h>
+#include <X11/Xlib.h>
 
 #include <cstdlib>
+#include <memory>
 #include <sstream>
 #include <stdexcept>
 
@@ -39,12 +40,15 @@ std::string WindowOf(const std::string& title) {
 
 void StartDisplay() {
   static TemporaryFolder folder;
-  static RunningProgram server({"/usr/bin/Xvfb", "-displayfd", "1", "-screen", "0", "1600x1200x24",
-                                "-nolisten", "tcp", "-noreset"},
-                               folder.path / "errors");
+  static std::unique_ptr<RunningProgram> server;
+  if (server) return;
+  server = std::make_unique<RunningProgram>(
+      std::vector<std::string>{"/usr/bin/Xvfb", "-displayfd", "1", "-screen", "0", "1600x1200x24",
+                               "-nolisten", "tcp", "-noreset"},
+      folder.path / "errors");
   std::string display;
   while (display.find('\n') == std::string::npos) {
-    if (!server.Read(display)) throw std::runtime_error(ReadText(folder.path / "errors"));
+    if (!server->Read(display)) throw std::runtime_error(ReadText(folder.path / "errors"));
   }
   setenv("DISPLAY", (":" + display.substr(0, display.find('\n'))).c_str(), 1);
   setenv("GDK_BACKEND", "x11", 1);
@@ -73,6 +77,20 @@ void Hand::Wheel(int notches) const {
 
 void Hand::Key(const std::string& name) const {
   Do({"key", name});
+}
+
+// As a window manager asks for it.
+void Hand::Close() const {
+  const std::unique_ptr<Display, int (*)(Display*)> display(XOpenDisplay(nullptr), XCloseDisplay);
+  if (!display) throw std::runtime_error("no display");
+  XEvent event{};
+  event.xclient.type = ClientMessage;
+  event.xclient.window = std::stoul(WindowOf(title));
+  event.xclient.message_type = XInternAtom(display.get(), "WM_PROTOCOLS", False);
+  event.xclient.format = 32;
+  event.xclient.data.l[0] =
+      static_cast<long>(XInternAtom(display.get(), "WM_DELETE_WINDOW", False));
+  XSendEvent(display.get(), event.xclient.window, False, NoEventMask, &event);
 }
 
 Hand::Shot Hand::Look() const {
