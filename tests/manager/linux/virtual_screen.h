@@ -19,8 +19,8 @@ struct Picture {
 Picture ReadPicture(const std::filesystem::path& png);
 void WritePicture(const Picture& picture, const std::filesystem::path& png);
 
-/// Which part of the dots differs so that a person sees it; 1 for another size.
-double DifferenceOf(const Picture& one, const Picture& other);
+/// Which part of the dots in so many rows differs so that a person sees it; 1 for another size.
+double DifferenceOf(const Picture& one, const Picture& other, int rows);
 
 /// A screen of its own, that nobody sees, and a person before it. Programs that are started while
 /// it lives show their windows there.
