@@ -175,7 +175,7 @@ TEST_F(WindowJourneyTest, AHungLibraryKeepsNeitherTheWindowNorItsEnd) {
   const auto asked = std::chrono::steady_clock::now();
   screen.CloseWindows(kTitle);
   EXPECT_EQ(manager.Wait(), 0) << ReadText(folder.path / "errors");
-  EXPECT_LT(std::chrono::steady_clock::now() - asked, 5s);
+  EXPECT_LT(std::chrono::steady_clock::now() - asked, 5s + 3s) << "the rest is for a busy machine";
   EXPECT_TRUE(ReadText(folder.path / "data/log/sysdiagnose.log").ends_with('\n'));
   EXPECT_EQ(StoredRows(folder.path).size(), 1u);
 }
