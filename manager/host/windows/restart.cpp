@@ -24,7 +24,7 @@ void TakeRight() {
   TOKEN_PRIVILEGES rights{};
   rights.PrivilegeCount = 1;
   rights.Privileges[0].Attributes = SE_PRIVILEGE_ENABLED;
-  if (LookupPrivilegeValueW(nullptr, SE_SHUTDOWN_NAME, &rights.Privileges[0].Luid) == 0)
+  if (LookupPrivilegeValueW(nullptr, L"SeShutdownPrivilege", &rights.Privileges[0].Luid) == 0)
     Fail("LookupPrivilegeValue");
   if (AdjustTokenPrivileges(opened, FALSE, &rights, 0, nullptr, nullptr) == 0 ||
       GetLastError() != ERROR_SUCCESS)
