@@ -8,7 +8,6 @@
 #include "cli/report_file.h"
 #include "cli/single_item.h"
 #include "cli/texts.h"
-#include "cli/usage_words.h"
 #include "common/path_option.h"
 #include "platform/machine/interface/parts.h"
 #include "startup/command_line.h"
@@ -164,13 +163,13 @@ enmHardwareID ParseCategory(const std::string& text) {
 
 bool ParseArguments(int argc, const char* const* argv, Arguments& arguments) {
   CLI::App app(HelpText(L"PROGRAM"), "sysdiagnose");
-  SpeakInHelp(app);
+  startup::SpeakInHelp(app);
   common::TakeSlashesAsPaths(app);
   std::vector<std::string> categories;
   app.footer(ExitStatuses());
   AddGlobalOptions(app, arguments);
   AddCommands(app, arguments, categories);
-  if (!startup::Parse(app, argc, argv, &UsageWords)) return false;
+  if (!startup::Parse(app, argc, argv, &startup::UsageWords)) return false;
   if (!arguments.reportFile.empty() && !IsReportName(arguments.reportFile))
     throw UsageError(Message(L"REPORT_NAME"));
   TakeCategories(categories, arguments);

@@ -18,7 +18,7 @@ std::string EnglishUsageWords(const CLI::App& app, const CLI::ParseError& error)
          "; see " + app.get_name() + " --help";
 }
 
-bool Parse(CLI::App& app, int argc, const char* const* argv, UsageWords words) {
+bool Parse(CLI::App& app, int argc, const char* const* argv, UsageSpeaker words) {
   try {
     app.parse(argc, argv);
     return true;

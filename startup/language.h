@@ -10,7 +10,10 @@ namespace startup {
 /// resource folder's culture/: the user's own, else one of the same language elsewhere, else en-US.
 std::string UserLanguage(const std::filesystem::path& resources);
 
-/// The languages that a person can name, "ids" last.
+/// All of those, in alphabetical order.
 std::vector<std::string> Languages(const std::filesystem::path& resources);
+
+/// Those that a person can name: "ids" too, which shows the ids of the texts.
+std::vector<std::string> NamedLanguages(const std::filesystem::path& resources);
 
 }  // namespace startup

@@ -30,5 +30,7 @@ inline constexpr std::uint32_t kRunSummary = 0x20000D;
 
 inline constexpr std::uint32_t kManagerModule = 0x30000;
 inline constexpr std::uint32_t kRestartRequest = 0xF0006;  // no body: restart the computer
+inline constexpr std::uint32_t kRaiseRequest = 0xF0007;    // no body: show the window
+inline constexpr std::uint32_t kRaiseAnswer = 0xF0008;     // no body: it was received
 
 }  // namespace protocol

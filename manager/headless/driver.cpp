@@ -11,7 +11,6 @@
 #include "platform/duilib/painter/painter.h"
 #include "platform/duilib/window/headless_desktop.h"
 #include "platform/duilib/window/window_impl_base.h"
-#include "platform/os/module.h"
 #include "platform/report/observed_events.h"
 
 namespace manager {
@@ -22,7 +21,6 @@ using common::WideToUtf8;
 using DuiLib::HeadlessDesktop;
 
 constexpr DuiLib::Size kWindowSize{1040, 720};
-constexpr const char* kPlugin = "SysdiagnosePlugin.dll";
 constexpr std::size_t kLongestLine = std::size_t{4} << 20;
 
 struct CommandRow : CommandForm {
@@ -87,9 +85,10 @@ Driver::Driver(const DriveOptions& options, os::VirtualClock& clock)
       stepper(clock, hub),
       window(kWindowSize),
       painter(options.simpleText ? nullptr : DuiLib::Painter::Load()),
-      tabs(window.Manager()),
+      manager(window.Manager(), options.allowRestart),
       commands(options.script),
-      pluginFile(PluginFile(options)) {
+      pluginFile(Plugin::FileOf(options.plugin)) {
+  hub.KeepPosts();
   if (painter != nullptr) window.Manager().SetTextMeasure(&painter->Measure());
   report::ObserveEvents([this](const tagLogInfo& event) {
     const std::lock_guard lock(eventsMutex);
@@ -97,29 +96,14 @@ Driver::Driver(const DriveOptions& options, os::VirtualClock& clock)
   });
 }
 
-std::filesystem::path Driver::PluginFile(const DriveOptions& options) {
-  return options.plugin.empty() ? os::LibraryFile(kPlugin) : options.plugin;
-}
-
 Driver::~Driver() {
   report::ObserveEvents({});
 }
 
-void Driver::Mount() {
-  PageCreationContext context;
-  context.paintManager = &window.Manager();
-  context.notifyPump = &tabs;
-  context.AddPageCallback = [this](int, const std::wstring& title, DuiLib::CControlUI* page) {
-    tabs.Add(title, page);
-  };
-  plugin->CreateUI(context);
-}
-
 void Driver::LoadAndMount() {
   stepper.SetLimit(std::chrono::steady_clock::now() + waitLimit);
-  plugin = std::make_unique<Plugin>(pluginFile);
   try {
-    Mount();
+    manager.LoadPlugin(pluginFile);
   } catch (...) {
     UnloadLogged();
     throw;
@@ -134,7 +118,7 @@ bool Driver::Run() {
     if (std::exchange(unloadAsked, false)) UnloadAnswered();
     leaving = quitAsked;
   }
-  if (plugin) UnloadAnswered();
+  if (manager.HasPlugin()) UnloadAnswered();
   GiveAnswer();
   HeadlessDesktop::Instance().SetRest({});
   return !failed;
@@ -208,7 +192,7 @@ std::vector<DuiLib::CPaintManagerUI*> Driver::AllWindows() {
 }
 
 void Driver::Enter(const Arguments&) {
-  if (!tabs.Enter(0)) throw CommandError("there is no tab");
+  if (!manager.EnterPlugin()) throw CommandError("there is no tab");
 }
 
 void Driver::Click(const Arguments& arguments) {
@@ -378,7 +362,7 @@ void Driver::Shot(const Arguments& arguments) {
 }
 
 void Driver::Unload(const Arguments&) {
-  if (!plugin) throw CommandError("the plugin is not loaded");
+  if (!manager.HasPlugin()) throw CommandError("the plugin is not loaded");
   leaving = unloadAsked = true;
 }
 
@@ -407,14 +391,13 @@ void Driver::UnloadLogged() {
 // plugin is let go of all the same.
 void Driver::UnloadNow() {
   stepper.SetLimit(std::chrono::steady_clock::now() + waitLimit);
-  const std::unique_ptr<Plugin> last = std::exchange(plugin, nullptr);
-  tabs.RemoveAll();
+  const std::unique_ptr<Plugin> last = manager.TakePlugin();
   stepper.Settle();
   while (stepper.DoesAWorkerSleep()) {
     if (GivesUp()) throw std::runtime_error("work of the plugin does not end");
     stepper.Step();
   }
-  last->LetGo();
+  if (last) last->LetGo();
   while (Plugin::IsInProcess(pluginFile)) {
     if (GivesUp()) throw std::runtime_error("the plugin stays in the process");
     stepper.Settle();

@@ -13,12 +13,11 @@
 #include "manager/headless/answer.h"
 #include "manager/headless/command_source.h"
 #include "manager/headless/stepper.h"
-#include "manager/host/manager_tabs.h"
+#include "manager/host/manager.h"
+#include "manager/host/manager_options.h"
 #include "manager/host/message_hub.h"
-#include "manager/host/plugin.h"
 #include "platform/duilib/window/headless_window.h"
 #include "platform/duilib/window/person.h"
-#include "startup/diagnosis/diagnosis_options.h"
 
 namespace DuiLib {
 class Painter;
@@ -26,9 +25,8 @@ class Painter;
 
 namespace manager {
 
-struct DriveOptions : startup::DiagnosisOptions {
+struct DriveOptions : ManagerOptions {
   std::filesystem::path script;  // empty: standard input
-  std::filesystem::path plugin;  // empty: that of the installation
   bool simpleText = false;       // do without the painter
   std::chrono::milliseconds waitLimit = std::chrono::seconds(60);  // in real time
 };
@@ -49,9 +47,6 @@ class Driver {
   /// standard output, and takes the plugin away. Whether none failed. Throws std::runtime_error
   /// naming the plugin's file when it cannot be loaded or has no pages.
   bool Run();
-
-  /// The plugin that is to be loaded.
-  static std::filesystem::path PluginFile(const DriveOptions& options);
 
   /// Ends soon, as at the end of the script. Any thread, and inside a signal's handler.
   void Stop() { stopped = true; }
@@ -90,7 +85,6 @@ class Driver {
   };
 
   void LoadAndMount();
-  void Mount();
   bool RunNext();
   void AnswerAtRest();
   void GiveAnswer();
@@ -110,8 +104,7 @@ class Driver {
   Stepper stepper;
   DuiLib::HeadlessWindow window;
   DuiLib::Painter* painter;
-  ManagerTabs tabs;
-  std::unique_ptr<Plugin> plugin;
+  Manager manager;
   CommandSource commands;
   const std::filesystem::path pluginFile;
 

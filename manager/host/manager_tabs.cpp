@@ -67,10 +67,29 @@ bool ManagerTabs::Enter(std::size_t number) {
   return pages.SelectItem(number);
 }
 
-void ManagerTabs::RemoveAll() {
-  options.clear();
-  bar.RemoveAll();
-  pages.RemoveAll();
+bool ManagerTabs::Has(const std::wstring& title) const {
+  return NumberOf(title) < options.size();
+}
+
+bool ManagerTabs::EnterTitled(const std::wstring& title) {
+  return Enter(NumberOf(title));
+}
+
+std::size_t ManagerTabs::NumberOf(const std::wstring& title) const {
+  const auto found = std::find_if(options.begin(), options.end(), [&title](const auto* option) {
+    return option->GetText() == title;
+  });
+  return static_cast<std::size_t>(found - options.begin());
+}
+
+void ManagerTabs::KeepFirst(std::size_t count) {
+  while (options.size() > count) {
+    bar.Remove(options.back());
+    options.pop_back();
+    pages.Remove(pages.GetItemAt(options.size()));
+  }
+  if (count != 0 && !options.empty() && pages.GetCurSel() < options.size())
+    options[pages.GetCurSel()]->Selected(true, false);
 }
 
 const DuiLib::NotifyMap* ManagerTabs::GetMessageMap() const {

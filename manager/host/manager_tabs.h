@@ -22,19 +22,22 @@ class ManagerTabs final : public DuiLib::CNotifyPump {
   /// Takes the page over. Throws std::runtime_error for a null page.
   void Add(const std::wstring& title, DuiLib::CControlUI* page);
 
-  std::size_t GetCount() const { return pages.GetCount(); }
-
   /// Shows the page of that number, which is told "tabselectin". Whether there is one.
   bool Enter(std::size_t number);
 
-  /// The pages go.
-  void RemoveAll();
+  /// The same for the first page of that title.
+  bool Has(const std::wstring& title) const;
+  bool EnterTitled(const std::wstring& title);
+
+  /// The other pages go.
+  void KeepFirst(std::size_t count);
 
  protected:
   const DuiLib::NotifyMap* GetMessageMap() const override;
 
  private:
   void OnOption(DuiLib::TNotifyUI& notification);
+  std::size_t NumberOf(const std::wstring& title) const;
 
   template <typename Class>
   Class& Find(const wchar_t* name) const;

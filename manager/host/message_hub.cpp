@@ -39,8 +39,12 @@ bool PostFrom(CIPCMessageClient& client, std::uint32_t target, std::uint32_t mes
 
 }  // namespace
 
+std::filesystem::path MessageHub::Socket() {
+  return os::DataFolder() / "manager.sock";
+}
+
 MessageHub::MessageHub(const startup::Options& options, Moment limit)
-    : socket(os::DataFolder() / "manager.sock"),
+    : socket(Socket()),
       broker(socket),
       client(protocol::kHostModule, false),
       service(startup::StartCompanionService(options, socket)) {
@@ -51,6 +55,9 @@ MessageHub::MessageHub(const startup::Options& options, Moment limit)
     if (std::chrono::steady_clock::now() > limit)
       throw std::runtime_error("the companion service does not answer");
   }
+}
+
+void MessageHub::KeepPosts() {
   message::ObservePosts([this](const tagIPC_MESSAGE_ITEM& item) { OnPost(item); });
 }
 

@@ -29,8 +29,12 @@ class MessageHub {
  public:
   using Moment = std::chrono::steady_clock::time_point;
 
-  /// Starts broker and service; waits until the service answers. Throws std::runtime_error when
-  /// one of them cannot be had before the limit.
+  /// Where the manager of the data folder in force serves.
+  static std::filesystem::path Socket();
+
+  /// Starts broker and service; waits until the service answers. Throws message::BrokerRuns when
+  /// another manager has this data folder, std::runtime_error when broker or service cannot be had
+  /// before the limit.
   MessageHub(const startup::Options& options, Moment limit);
   MessageHub(const MessageHub&) = delete;
   MessageHub& operator=(const MessageHub&) = delete;
@@ -43,7 +47,9 @@ class MessageHub {
   /// The body of the first answer to the last message sent.
   std::optional<std::vector<std::uint8_t>> Answer();
 
-  /// What plugins have posted since the last call, in order.
+  /// From now on what plugins post is kept.
+  void KeepPosts();
+  /// What they have posted since the last call, in order.
   std::vector<PostedMessage> TakePosted();
 
   /// Whether the companion service may still be at what a plugin asked of it.

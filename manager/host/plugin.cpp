@@ -12,6 +12,7 @@
 namespace manager {
 namespace {
 
+constexpr const char* kInstalled = "SysdiagnosePlugin.dll";
 constexpr const char* kPluginsManager = "PluginsManager.dll";
 constexpr const char* kCreateObject = "x3CreateObject";
 constexpr const char* kExports[] = {"x3InitializePlugin", "x3UninitializePlugin", "x3InitPlugin",
@@ -35,6 +36,10 @@ std::string FullName(const std::filesystem::path& library) {
 }
 
 }  // namespace
+
+std::filesystem::path Plugin::FileOf(const std::filesystem::path& named) {
+  return named.empty() ? os::LibraryFile(kInstalled) : named;
+}
 
 Plugin::Plugin(const std::filesystem::path& library)
     : file(FullName(library)), pluginsManager(LoadPluginsManager()) {

@@ -13,6 +13,9 @@ namespace manager {
 /// UI thread only.
 class Plugin {
  public:
+  /// The one that was named, or if none was that of the installation.
+  static std::filesystem::path FileOf(const std::filesystem::path& named);
+
   /// Loads it through the plugin manager and creates its object by interface. Throws
   /// std::runtime_error naming the file and what is wrong with it.
   explicit Plugin(const std::filesystem::path& library);

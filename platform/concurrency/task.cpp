@@ -116,6 +116,10 @@ void wait_until_idle() {
   detail::WorkerPool::Instance().WaitUntilIdle();
 }
 
+bool is_idle() {
+  return detail::WorkerPool::Instance().IsIdle();
+}
+
 void wait_until_quiet() {
   os::WaitUntilWorkersRest();
 }

@@ -71,6 +71,9 @@ void run_detached(Callable work) {
 /// program's main before it returns, and for tests.
 UTIL_API void wait_until_idle();
 
+/// Whether that is so now. Any thread.
+UTIL_API bool is_idle();
+
 /// Waits until all tasks, detached work, calls and timers have ended or rest: on the clock, for a
 /// value, for each other. Nothing more happens then until the clock moves or a value is sent. For
 /// those who move the clock; not on a thread of the runtime. What waits for a lock does not rest.

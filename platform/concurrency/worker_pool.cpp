@@ -27,6 +27,11 @@ void WorkerPool::WaitUntilIdle() {
   finished.Wait(lock, [this] { return unfinished == 0; });
 }
 
+bool WorkerPool::IsIdle() {
+  const std::lock_guard lock(mutex);
+  return unfinished == 0;
+}
+
 void WorkerPool::Work() {
   for (;;) {
     std::unique_lock lock(mutex);

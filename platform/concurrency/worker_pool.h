@@ -24,6 +24,7 @@ class WorkerPool {
 
   void Post(Job job);
   void WaitUntilIdle();
+  bool IsIdle();
 
  private:
   void Work();

@@ -3,18 +3,9 @@
 #include <wx/graphics.h>
 
 #include "platform/duilib/painter/surface.h"
-#include "platform/duiwindow/pictures.h"
-#include "platform/duiwindow/shadows.h"
-#include "platform/duiwindow/texts.h"
+#include "platform/duiwindow/paints.h"
 
 namespace duiwindow {
-
-/// What a painter keeps from one painting to the next.
-struct Paints {
-  Texts texts;
-  Pictures pictures;
-  Shadows shadows;
-};
 
 /// Paints on a graphics context whose unit is the dot.
 class GraphicsSurface final : public DuiLib::Surface {

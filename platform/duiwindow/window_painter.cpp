@@ -10,7 +10,6 @@
 #include "platform/duilib/painter/painter.h"
 #include "platform/duilib/painter/tree_painter.h"
 #include "platform/duiwindow/graphics_surface.h"
-#include "platform/duiwindow/toolkit.h"
 #include "platform/os/export.h"
 #include "platform/os/replace_file.h"
 
@@ -85,16 +84,13 @@ class WindowPainter final : public DuiLib::Painter {
     }
   }
 
-  Paints paints;
+  Paints& paints = ThePaints();
 };
 
 }  // namespace
 }  // namespace duiwindow
 
 extern "C" ORV_EXPORT DuiLib::Painter* ThePainter() {
-  static DuiLib::Painter& painter = [&]() -> DuiLib::Painter& {
-    duiwindow::StartToolkit();
-    return *new duiwindow::WindowPainter;
-  }();
+  static DuiLib::Painter& painter = *new duiwindow::WindowPainter;
   return &painter;
 }

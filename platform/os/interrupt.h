@@ -7,4 +7,7 @@ namespace os {
 /// program's main. Without a handler the first ends the program.
 void OnInterrupt(void (*handler)(), int exitStatus);
 
+/// Waits until an interrupt has come since OnInterrupt was last called. Any thread.
+void WaitForInterrupt();
+
 }  // namespace os

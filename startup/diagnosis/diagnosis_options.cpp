@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "common/path_option.h"
-#include "common/text.h"
 #include "platform/duilib/culture/culture.h"
 #include "platform/message/message_capture.h"
 #include "platform/os/paths.h"
@@ -27,22 +26,22 @@ std::filesystem::path Resources() {
 }
 
 bool IsLanguage(const std::string& name) {
-  return std::ranges::count(Languages(Resources()), name) != 0;
+  return std::ranges::count(NamedLanguages(Resources()), name) != 0;
 }
 
 void RequireLanguage(const std::string& name) {
   if (IsLanguage(name)) return;
   std::string names;
-  for (const std::string& each : Languages(Resources()))
+  for (const std::string& each : NamedLanguages(Resources()))
     names += (names.empty() ? "" : ", ") + each;
-  throw UsageError(common::WideToUtf8(DuiLib::UICulture::GetInstance()->GetMultiVarStr(
-      L"IDS_HARDWARE_HELP_UNKNOWN_LANGUAGE",
-      {common::Utf8ToWide(name), common::Utf8ToWide(names)})));
+  throw UsageError(HelpText(L"UNKNOWN_LANGUAGE", {name, names}));
 }
 
-void Speak(const std::string& language) {
-  DuiLib::UICulture::GetInstance()->SetLanguage(
-      language.empty() ? UserLanguage(Resources()) : language, Resources());
+// The user's own language where that is none. Returns the one in force.
+std::string Speak(const std::string& wanted) {
+  const std::string language = IsLanguage(wanted) ? wanted : UserLanguage(Resources());
+  DuiLib::UICulture::GetInstance()->SetLanguage(language, Resources());
+  return language;
 }
 
 // The last one named, as it stands before anything is known of the other words.
@@ -71,19 +70,21 @@ void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options) {
 }
 
 void SpeakAsTheCommandLineAsks(int argc, const char* const* argv) {
-  const std::string named = LanguageNamedIn(argc, argv);
   try {
-    Speak(IsLanguage(named) ? named : std::string());
+    Speak(LanguageNamedIn(argc, argv));
   } catch (const std::exception&) {
     // Said when the language is put in force; help needs none.
   }
 }
 
-void PutDiagnosisInForce(const DiagnosisOptions& options) {
+std::string PutDiagnosisInForce(const DiagnosisOptions& options,
+                                const std::function<std::string()>& remembered) {
   PutInForce(options);
   if (!options.language.empty()) RequireLanguage(options.language);
-  Speak(options.language);
+  const std::string before = remembered ? remembered() : "";
+  const std::string language = Speak(options.language.empty() ? before : options.language);
   if (options.capture) message::StartCapture(os::DataFolder() / "messages.jsonl");
+  return language;
 }
 
 }  // namespace startup

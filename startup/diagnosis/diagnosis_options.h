@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "startup/options.h"
@@ -23,8 +24,11 @@ void AddDiagnosisOptions(CLI::App& app, DiagnosisOptions& options);
 /// so that help and errors of usage come in it. Before the command line is parsed.
 void SpeakAsTheCommandLineAsks(int argc, const char* const* argv);
 
-/// Puts folders, machine and language in force and starts log and capture. Throws
-/// std::runtime_error saying which of them cannot be used and why.
-void PutDiagnosisInForce(const DiagnosisOptions& options);
+/// Puts folders, machine and language in force and starts log and capture. `remembered` gives the
+/// language where none was named, empty for none; it is called when the data folder is in force.
+/// Returns the language in force. Throws std::runtime_error saying which of them cannot be used and
+/// why.
+std::string PutDiagnosisInForce(const DiagnosisOptions& options,
+                                const std::function<std::string()>& remembered = {});
 
 }  // namespace startup

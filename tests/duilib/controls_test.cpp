@@ -217,12 +217,16 @@ TEST_F(ControlsTest, DamageIsWhatCanBeSeenOfWhatChanged) {
       L"</Container><Control name='b' width='20' height='20'/></VerticalLayout>");
   window.Manager().TakeDamage();
   Get<CControlUI>(L"a").SetBackground(0xFF000000);
-  EXPECT_EQ(window.Manager().TakeDamage(), (Rect{0, 0, 10, 50}));
+  EXPECT_EQ(window.Manager().TakeDamage(), (std::vector{Rect{0, 0, 10, 50}}));
   Get<CControlUI>(L"b").SetBackground(0xFF000000);
   Get<CControlUI>(L"b").SetFixedWidth(30);
   window.Manager().LayOut();
-  EXPECT_EQ(window.Manager().TakeDamage(), (Rect{0, 50, 30, 70}));
-  EXPECT_TRUE(window.Manager().TakeDamage().IsEmpty());
+  EXPECT_EQ(window.Manager().TakeDamage(), (std::vector{Rect{0, 50, 30, 70}}));
+  Get<CControlUI>(L"a").SetBackground(0xFFFFFFFF);
+  Get<CControlUI>(L"b").SetBackground(0xFFFFFFFF);
+  EXPECT_EQ(window.Manager().TakeDamage(),
+            (std::vector{Rect{0, 0, 10, 50}, Rect{0, 50, 30, 70}}));
+  EXPECT_TRUE(window.Manager().TakeDamage().empty());
 }
 
 TEST(NotifyPump, AVirtualWindowGetsWhatComesFromBelowItAndNobodyElse) {

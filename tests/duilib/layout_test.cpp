@@ -172,7 +172,7 @@ TEST_F(LongListTest, WhatIsOutOfSightIsNeitherHitNorPaintedButCanBeLaidOutWhenAs
   EXPECT_EQ(window.Manager().FindControl(Point{5, 5})->GetPlainText(), L"row 1000");
   window.Manager().TakeDamage();
   list->GetItemAt(0)->SetBackground(0xFF000000);
-  EXPECT_TRUE(window.Manager().TakeDamage().IsEmpty());
+  EXPECT_TRUE(window.Manager().TakeDamage().empty());
   window.Manager().LayOut(true);
   EXPECT_EQ(Person(window.Manager()).Find(L"txt[3599]").GetPos().top, 32 * 2599);
 }

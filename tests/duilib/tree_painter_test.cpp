@@ -102,7 +102,7 @@ TEST_F(TreePainterTest, TheFocusShowsAfterAKeyUntilThePointerIsUsed) {
   window.Click(L"b");
   EXPECT_EQ(Paint(), Painted{});
   // The ring that goes is painted over as a whole.
-  EXPECT_TRUE(window.Manager().TakeDamage().Holds({8, 8, 62, 32}));
+  EXPECT_TRUE(window.Manager().TakeDamage().front().Holds({8, 8, 62, 32}));
 }
 
 TEST_F(TreePainterTest, DamageReachesAsFarAsShadows) {
@@ -111,7 +111,7 @@ TEST_F(TreePainterTest, DamageReachesAsFarAsShadows) {
       L"</VerticalLayout>");
   window.Manager().TakeDamage();
   Get<CControlUI>(L"a").SetVisible(false);
-  EXPECT_EQ(window.Manager().TakeDamage(), (Rect{30, 30, 120, 90}));
+  EXPECT_EQ(window.Manager().TakeDamage(), (std::vector{Rect{30, 30, 120, 90}}));
 }
 
 TEST_F(TreePainterTest, AnAnimationShowsItsFrameInPlaceOfItsPicture) {

@@ -28,11 +28,11 @@ std::vector<std::string> With(std::vector<std::string> words,
 }  // namespace
 
 Drive RunDrive(const std::string& machine, const fs::path& folder, const std::string& script,
-               const std::vector<std::string>& options) {
+               const std::vector<std::string>& options, const std::string& language) {
   WriteText(folder / "script", script);
   fs::remove(folder / "errors");
   RunningProgram program(With({APP_DIR "/laptop-manager", "--headless", "--machine", machine,
-                               "--data-dir", common::PathText(folder / "data"), "--lang", "ids",
+                               "--data-dir", common::PathText(folder / "data"), "--lang", language,
                                "drive", common::PathText(folder / "script")},
                               options),
                          folder / "errors");

@@ -12,11 +12,12 @@ struct Drive {
   std::string errors;
 };
 
-/// The manager with its companion service and texts as ids, on the machine that a file describes,
-/// with its data in `folder`. Without other options texts are measured by the simple rule.
+/// The manager with its companion service, on the machine that a file describes, with its data in
+/// `folder`. Without other options texts are measured by the simple rule.
 Drive RunDrive(const std::string& machine, const std::filesystem::path& folder,
                const std::string& script,
-               const std::vector<std::string>& options = {"--simple-text"});
+               const std::vector<std::string>& options = {"--simple-text"},
+               const std::string& language = "ids");
 
 /// The output of the terminal program with the same data; one JSON object a line.
 std::string RunTerminal(const std::vector<std::string>& words, const std::filesystem::path& folder);

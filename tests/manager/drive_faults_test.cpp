@@ -29,9 +29,12 @@ class DriveFaultsTest : public DrivenManager {
     WriteText(folder.path / "machine.json", "{\"shelf\": [" + keys + "]}");
   }
 
+  // In the tab of the plugin, to which the first answer belongs.
   Drive Run(const std::string& script, const std::string& plugin = DRIVE_MODULE) const {
-    return DrivenManager::Run(script,
-                              {"--simple-text", "--plugin", plugin, "--wait-limit", waitLimit});
+    Drive drive = DrivenManager::Run(
+        "enter\n" + script, {"--simple-text", "--plugin", plugin, "--wait-limit", waitLimit});
+    if (!drive.answers.empty()) drive.answers.erase(drive.answers.begin());
+    return drive;
   }
 
   std::string Log() const { return ReadText(folder.path / "data/log/sysdiagnose.log"); }

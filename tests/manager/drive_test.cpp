@@ -24,7 +24,7 @@ class DriveTest : public DrivenManager {
 
 TEST_F(DriveTest, MountsTheTabCountsItsEntriesAndTakesThePluginAway) {
   const Drive drive =
-      Run("enter\nenter\nevents\ntext optManagerTab\nsend 0x200009\nwait idle\nunload\nenter\n");
+      Run("enter\nenter\nevents\ntext optManagerTab[1]\nsend 0x200009\nwait idle\nunload\nenter\n");
   ASSERT_THAT(drive.answers, SizeIs(8)) << drive.errors;
   EXPECT_EQ(drive.answers[2], R"({"ok":true,"events":[{"id":"620000000","payload":""},)"
                               R"({"id":"620000000","payload":""}]})");
@@ -62,6 +62,18 @@ TEST_F(DriveTest, APluginThatCannotBeLoadedIsOneMessage) {
     EXPECT_THAT(drive.answers, SizeIs(0));
     EXPECT_THAT(drive.errors, HasSubstr(file));
   }
+}
+
+TEST_F(DriveTest, ACheckThatALibraryEndsIsSaidToHaveBrokenOffAndCanBeginAgain) {
+  machine = common::PathText(folder.path / "machine.json");
+  WriteText(folder.path / "machine.json",
+            R"({"tests": {"CMemFaultDetect::CheckBoard": [{"throws": "library fault"}, 0]}})");
+  const Drive drive =
+      Run("click btnManagerCheck\nwait idle\ntext txtManagerModuleHeadline\nclick btnManagerCheck\n"
+          "wait idle\ntext txtManagerModuleHeadline\n");
+  ASSERT_THAT(drive.answers, SizeIs(6)) << drive.errors;
+  EXPECT_EQ(drive.answers[2], Shows("IDS_MANAGER_MODULE_BROKEN_OFF(2)"));
+  EXPECT_EQ(drive.answers[5], Shows("IDS_HARDWARE_DETECT_DOCTOR_INDEX_DESCRIPTION_OK"));
 }
 
 // Takes the processors for itself.

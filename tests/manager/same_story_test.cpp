@@ -137,18 +137,19 @@ Lines RowsOf(const ShownWindow& window, const std::string& item) {
 }
 
 Story TellByPages(const std::string& machine, const std::filesystem::path& folder) {
-  const Drive drive = RunDrive(machine, folder,
-                               "click btnSysdiagnoseScan\nwait idle\nclick btnSysdiagnoseDetect\n"
-                               "wait txtSysdiagnosedDetectFirstTitle IDS_HARDWARE_DIAGNOSE_RESULT\n"
-                               "dump lstSysdiagnoseDetectItems\nevents\nposted\n");
+  const Drive drive =
+      RunDrive(machine, folder,
+               "enter\nclick btnSysdiagnoseScan\nwait idle\nclick btnSysdiagnoseDetect\n"
+               "wait txtSysdiagnosedDetectFirstTitle IDS_HARDWARE_DIAGNOSE_RESULT\n"
+               "dump lstSysdiagnoseDetectItems\nevents\nposted\n");
   EXPECT_EQ(drive.exitStatus, 0) << drive.errors;
   Story story;
-  const ShownWindow window(drive.answers.at(4));
+  const ShownWindow window(drive.answers.at(5));
   const auto names = window.Find("txtName");
   for (std::size_t item = 0; item < names.size(); ++item)
     story.categories[Text(*names[item], "text")] =
         RowsOf(window, "lytHardware[" + std::to_string(item) + "]");
-  const auto answers = Parsed(drive.answers.at(5) + "\n" + drive.answers.at(6));
+  const auto answers = Parsed(drive.answers.at(6) + "\n" + drive.answers.at(7));
   for (const auto& event : answers[0]["events"].GetArray())
     if (Text(event, "id") >= "620000020")
       story.events.push_back(EventLine(Text(event, "id"), Text(event, "payload")));

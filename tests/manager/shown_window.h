@@ -12,6 +12,8 @@ class ShownWindow {
 
   explicit ShownWindow(const std::string& answer);
 
+  const Control& Root() const { return answer["tree"]; }
+
   /// The controls of that name that show, in tree order. "lytHardware[1]/txtTitle" are those below
   /// the second control "lytHardware" that shows.
   std::vector<const Control*> Find(const std::string& path) const;

@@ -85,7 +85,7 @@ class PluginRoundsTest : public testing::Test {
   void StartAll() {
     ASSERT_NO_FATAL_FAILURE(StartRun());
     StartQuietRun();
-    tabs.RemoveAll();
+    tabs.KeepFirst(0);
     ASSERT_NO_FATAL_FAILURE(Mount());
     StartScan();
     StartQuietRun();
@@ -93,7 +93,7 @@ class PluginRoundsTest : public testing::Test {
   }
 
   void Unload() {
-    tabs.RemoveAll();
+    tabs.KeepFirst(0);
     EXPECT_EQ(plugin->Release(), 0);
     EXPECT_TRUE(pluginsManager.unload(PLUGIN));
   }

@@ -3,6 +3,8 @@
 #include <stdexcept>
 
 #include "common/text.h"
+#include "manager/host/module_card.h"
+#include "manager/window/choice.h"
 #include "platform/duilib/builder/dialog_builder.h"
 #include "platform/duilib/controls/frame_animation.h"
 #include "platform/duilib/controls/label.h"
@@ -410,6 +412,83 @@ void FillUpload(SampleWindow& window, bool silent) {
          L"device-2026-11-23.zip");
 }
 
+// The home page
+
+protocol::DetectListEntry Checked(const Category& category, protocol::DisplayState state,
+                                  const wchar_t* hint = nullptr) {
+  protocol::DetectListEntry entry;
+  entry.icon = Picture(category.icon);
+  entry.caption = TextOf(category.caption);
+  entry.state = state;
+  entry.selected = true;
+  entry.repairable = hint != nullptr;
+  if (hint != nullptr) entry.resultText = TextOf(hint);
+  return entry;
+}
+
+// As the module tells of a check that came to `count` categories, the last of them at work or not.
+protocol::DiagnoseSummary Told(std::size_t count, bool isAtWork) {
+  using protocol::DisplayState;
+  protocol::DiagnoseSummary told;
+  for (std::size_t index = 0; index < count; ++index) {
+    const bool isAbnormal = index != kCpu && index % 2 == 0;
+    told.items.push_back(Checked(kCategories[index],
+                                 isAbnormal ? DisplayState::Abnormal : DisplayState::Normal,
+                                 isAbnormal ? L"IDS_HARDWARE_DIAGNOSE_BATTERY_LOWVOLT" : nullptr));
+  }
+  if (isAtWork) told.items.back() = Checked(kCategories[count - 1], DisplayState::Running);
+  told.abnormalCount = static_cast<std::uint32_t>((count - 1) / 2);
+  told.headline = L"IDS_HARDWARE_DETECT_DOCTOR_ABNORMAL_NUM";
+  told.resultText = Filled(told.headline.c_str(), {std::to_wstring(told.abnormalCount)});
+  told.detailText = TextOf(L"IDS_HARDWARE_DETECT_DOCTOR_DETAIL");
+  return told;
+}
+
+protocol::DiagnoseSummary ToldInOrder() {
+  protocol::DiagnoseSummary told = Told(0, false);
+  for (const Category& category : kCategories)
+    told.items.push_back(Checked(category, protocol::DisplayState::Normal));
+  told.headline = L"IDS_HARDWARE_DETECT_DOCTOR_INDEX_DESCRIPTION_OK";
+  told.abnormalCount = 0;
+  told.resultText = TextOf(L"IDS_HARDWARE_DETECT_DOCTOR_ABNORMAL_RESULT");
+  return told;
+}
+
+void FillHome(SampleWindow& window, const std::function<void(manager::ModuleProgress&)>& follow) {
+  SetTextIn(window, L"txtManagerProduct", L"TUSK 14");
+  window.Find(L"txtManagerProduct").SetVisible(true);
+  manager::OfferChoice(window.Manager(), L"lytManagerThemes",
+                       {TextOf(L"IDS_MANAGER_THEME_SYSTEM"), TextOf(L"IDS_MANAGER_THEME_LIGHT"),
+                        TextOf(L"IDS_MANAGER_THEME_DARK")},
+                       0, {});
+  manager::OfferChoice(window.Manager(), L"lytManagerLanguages", {L"en-US", L"zh-CN"}, 1, {});
+  window.Find(L"lytManagerChoices").SetVisible(true);
+  protocol::ModuleDescriptor descriptor;
+  descriptor.mainIcon = Picture(L"index_hardware");
+  descriptor.title = L"IDS_HARDWARE_DETECT";
+  manager::ModuleCard card(ContainerIn(window, L"lytManagerModules"), descriptor, {});
+  manager::ModuleProgress progress;
+  follow(progress);
+  card.Show(progress, true);
+}
+
+void FollowCheck(manager::ModuleProgress& progress) {
+  progress.OnSummary(Told(std::size(kCategories), false), manager::SummaryOf::kQuietRun);
+}
+
+void FollowRepair(manager::ModuleProgress& progress) {
+  FollowCheck(progress);
+  progress.AskRepair();
+  progress.OnTick(true);
+  FollowCheck(progress);
+  while (progress.IsAtWork()) progress.OnTick(true);
+}
+
+void AddNotice(SampleWindow& window, const wchar_t* id) {
+  SetTextIn(window, L"txtManagerNotice", TextOf(id));
+  window.Find(L"lytManagerNotice").SetVisible(true);
+}
+
 void AddTab(SampleWindow& window, const std::wstring& title, bool selected) {
   auto* const tab = dynamic_cast<DuiLib::COptionUI*>(DuiLib::CDialogBuilder().Create(
       L"layout\\manager_tab.xml", {}, &window.Manager(), &ContainerIn(window, L"lytManagerTabs")));
@@ -456,10 +535,46 @@ CControlUI& SampleWindow::Find(CControlUI& below, const std::wstring& name) {
 }
 
 const std::vector<SampleState>& SampleStates() {
+  constexpr auto kHome = L"manager_home.xml";
   constexpr auto kHistory = L"sysdiagnose_archievement.xml";
   constexpr auto kScan = L"sysdiagnose_scan.xml";
   constexpr auto kDetect = L"sysdiagnose_detect.xml";
+  using manager::ModuleProgress;
+  using manager::SummaryOf;
   static const std::vector<SampleState> states = {
+      {"home", kHome, [](SampleWindow& window) { FillHome(window, [](auto&) {}); }, L"", {}},
+      {"home-waiting",
+       kHome,
+       [](SampleWindow& window) { FillHome(window, [](auto& progress) { progress.AskCheck(); }); },
+       L"",
+       {}},
+      {"home-checking",
+       kHome,
+       [](SampleWindow& window) {
+         FillHome(window, [](ModuleProgress& progress) {
+           progress.OnSummary(Told(6, true), SummaryOf::kQuietRun);
+         });
+       },
+       L"",
+       {}},
+      {"home-in-order",
+       kHome,
+       [](SampleWindow& window) {
+         FillHome(window, [](ModuleProgress& progress) {
+           progress.OnSummary(ToldInOrder(), SummaryOf::kQuietRun);
+         });
+       },
+       L"",
+       {}},
+      {"home-result", kHome, [](SampleWindow& window) { FillHome(window, &FollowCheck); }, L"", {}},
+      {"home-repaired",
+       kHome,
+       [](SampleWindow& window) {
+         FillHome(window, &FollowRepair);
+         AddNotice(window, L"IDS_MANAGER_RESTART_DRY");
+       },
+       L"",
+       {}},
       {"empty", kHistory, FillInvitation, L"", {}},
       {"scanning", kScan, [](SampleWindow& window) { FillScanning(window, false); }, L"", {}},
       {"scan-stopping", kScan, [](SampleWindow& window) { FillScanning(window, true); }, L"", {}},
@@ -488,10 +603,12 @@ std::vector<std::unique_ptr<SampleWindow>> ShowSample(const SampleState& state,
   windows.push_back(std::make_unique<SampleWindow>(kWindow, prepare));
   SampleWindow& main = *windows.back();
   main.Open(L"manager_window.xml");
-  AddTab(main, TextOf(L"IDS_HARDWARE_DETECT"), true);
-  CContainerUI& index = main.Build(L"sysdiagnose_index.xml");
-  ContainerIn(main, L"tblManagerContent").Add(&index);
-  FindAs<CContainerUI>(index, L"tblSysdiagnoseContent").Add(&main.Build(state.page));
+  const bool isHome = state.page.starts_with(L"manager_");
+  AddTab(main, TextOf(L"IDS_MANAGER_HOME"), isHome);
+  AddTab(main, TextOf(L"IDS_HARDWARE_DETECT"), !isHome);
+  CContainerUI& page = main.Build(isHome ? state.page : L"sysdiagnose_index.xml");
+  ContainerIn(main, L"tblManagerContent").Add(&page);
+  if (!isHome) FindAs<CContainerUI>(page, L"tblSysdiagnoseContent").Add(&main.Build(state.page));
   state.fill(main);
   main.Manager().LayOut();
   if (state.over.empty()) return windows;

@@ -138,6 +138,11 @@ std::optional<std::size_t> CLabelUI::LinkAt(Point point) {
   return std::nullopt;
 }
 
+CDuiString CLabelUI::GetHint() {
+  if (!GetToolTip().empty() || !GetTextLayout().isCut) return GetToolTip();
+  return GetPlainText();
+}
+
 bool CLabelUI::IsFocusable() const {
   const std::vector<TextRun>& all = GetRuns();
   return std::any_of(all.begin(), all.end(),

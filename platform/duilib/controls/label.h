@@ -44,6 +44,9 @@ class DUILIB_API CLabelUI : public CControlUI {
   bool IsFocusable() const override;
   bool Activate() override;
   bool OnClick(Point point) override;
+  bool IsLinkAt(Point point) override { return LinkAt(point).has_value(); }
+  /// Its tooltip; the whole text where a part of it does not show.
+  CDuiString GetHint() override;
   bool OnKey(Key key) override;
 
  protected:

@@ -1,6 +1,7 @@
 #include "platform/duilib/controls/list.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "platform/duilib/layout/sharer_of.h"
 #include "platform/duilib/tree/paint_manager.h"
@@ -13,6 +14,7 @@ constexpr int kScrollPeriod = 16;  // milliseconds
 constexpr int kWheelLines = 3;
 constexpr int kBarWidth = 6;
 constexpr int kBarMargin = 2;
+constexpr int kBarReach = 12;  // from the right side, where the pointer takes hold of the bar
 constexpr int kLeastThumb = 24;
 
 }  // namespace
@@ -101,18 +103,48 @@ int CListUI::GetScrollRange() {
   return std::max(0, contentHeight - InnerRect().Height());
 }
 
-Rect CListUI::GetScrollThumb() {
+std::optional<CListUI::Track> CListUI::ScrollTrack() {
   const int range = GetScrollRange();
-  if (range == 0) return {};
+  if (range == 0) return std::nullopt;
   const int ends = kBarMargin + GetStyle().radius / 2;
   const Rect track = GetPos().Without({kBarMargin, ends, kBarMargin, ends});
-  const int view = contentHeight - range;
   const auto share = static_cast<double>(track.Height()) / contentHeight;
-  const int height =
-      std::min(std::max(static_cast<int>(view * share), kLeastThumb), track.Height());
-  const auto way = static_cast<double>(track.Height() - height) / range;
-  const int top = track.top + static_cast<int>(scrollPos * way);
-  return {std::max(track.left, track.right - kBarWidth), top, track.right, top + height};
+  const int height = static_cast<int>((contentHeight - range) * share);
+  return Track{track, std::min(std::max(height, kLeastThumb), track.Height())};
+}
+
+Rect CListUI::GetScrollThumb() {
+  const auto track = ScrollTrack();
+  if (!track) return {};
+  const Rect& room = track->room;
+  const auto way = static_cast<double>(room.Height() - track->thumbHeight) / GetScrollRange();
+  const int top = room.top + static_cast<int>(scrollPos * way);
+  return {std::max(room.left, room.right - kBarWidth), top, room.right, top + track->thumbHeight};
+}
+
+// The bar lies over the rows, and can be held a little beside it too.
+CControlUI* CListUI::FindAt(Point point) {
+  CControlUI* const found = CContainerUI::FindAt(point);
+  const bool onBar = found != nullptr && point.x >= GetPos().right - kBarReach;
+  return onBar && GetScrollRange() != 0 ? this : found;
+}
+
+bool CListUI::OnPress(Point point) {
+  const Rect thumb = GetScrollThumb();
+  if (thumb.IsEmpty() || point.x < GetPos().right - kBarReach) return false;
+  const bool onThumb = point.y >= thumb.top && point.y < thumb.bottom;
+  grip = onThumb ? point.y - thumb.top : thumb.Height() / 2;
+  OnDrag(point);
+  return true;
+}
+
+void CListUI::OnDrag(Point point) {
+  const auto track = ScrollTrack();
+  if (!track) return;
+  const int way = track->room.Height() - track->thumbHeight;
+  if (way <= 0) return;
+  const auto share = static_cast<double>(point.y - grip - track->room.top) / way;
+  SetScrollPos(static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * GetScrollRange())));
 }
 
 void CListUI::SetScrollPos(int position) {

@@ -37,6 +37,9 @@ class DUILIB_API CListUI : public CContainerUI {
   void EnsureVisible(std::size_t index);
 
   bool IsFocusable() const override { return GetCount() != 0; }
+  CControlUI* FindAt(Point point) override;
+  bool OnPress(Point point) override;
+  void OnDrag(Point point) override;
   bool OnKey(Key key) override;
   bool OnWheel(int steps) override;
   void OnOwnTimer(std::size_t id) override;
@@ -50,6 +53,12 @@ class DUILIB_API CListUI : public CContainerUI {
  private:
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
+  struct Track {
+    Rect room;  // of the bar
+    int thumbHeight = 0;
+  };
+
+  std::optional<Track> ScrollTrack();
   int ContentHeight(int width);
   void LayOutNow();
   std::size_t NextUsable(std::size_t from, bool forward) const;
@@ -60,6 +69,7 @@ class DUILIB_API CListUI : public CContainerUI {
   int scrollTarget = 0;
   int contentHeight = 0;
   int lineStep = 40;
+  int grip = 0;  // of a dragged bar: how far below its top the pointer holds it
 };
 
 }  // namespace DuiLib

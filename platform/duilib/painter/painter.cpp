@@ -1,17 +1,14 @@
 #include "platform/duilib/painter/painter.h"
 
 #include "common/log.h"
-#include "platform/os/module.h"
+#include "platform/duilib/window/window_library.h"
 
 namespace DuiLib {
 namespace {
 
-constexpr const char* kLibrary = "DuiWindow.dll";
-
 Painter* FromLibrary() {
-  const os::ModuleHandle library = os::LoadModule(kLibrary);
   const auto procedure =
-      reinterpret_cast<PainterProcedure>(os::FindProcedure(library, kPainterProcedure));
+      reinterpret_cast<PainterProcedure>(WindowLibraryProcedure(kPainterProcedure));
   if (procedure != nullptr) return procedure();
   COMMON_LOG_WARN(log4cxx::Logger::getLogger("orv.duilib"),
                   "there is no painter: the library DuiWindow cannot be loaded");

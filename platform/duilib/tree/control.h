@@ -132,6 +132,14 @@ class DUILIB_API CControlUI {
   virtual bool Activate() { return false; }
   /// It was clicked there. Whether it took the click; else its container may.
   virtual bool OnClick(Point) { return Activate(); }
+  /// Whether a click there follows a link.
+  virtual bool IsLinkAt(Point) { return false; }
+  /// What is told about it beside the pointer; empty for nothing.
+  virtual CDuiString GetHint() { return toolTip; }
+  /// The pointer was pressed there; whether it takes all that the pointer does until it is
+  /// released, which OnDrag then hears.
+  virtual bool OnPress(Point) { return false; }
+  virtual void OnDrag(Point) {}
   /// A key while it has the focus, or something in it that did not take it. Whether it took it.
   virtual bool OnKey(Key) { return false; }
   /// The wheel was turned over it, upwards if positive. Whether it took it.

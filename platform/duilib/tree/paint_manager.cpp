@@ -39,7 +39,7 @@ void CPaintManagerUI::SetRoot(CControlUI* control) {
   }
   if (root) root->SetManager(this);
   layoutNeeded = true;
-  damage = {0, 0, clientSize.width, clientSize.height};
+  damage.Add({0, 0, clientSize.width, clientSize.height});
 }
 
 CControlUI* CPaintManagerUI::FindControl(const CDuiString& name) const {
@@ -138,7 +138,7 @@ void CPaintManagerUI::SetClientSize(Size value) {
   if (clientSize == value) return;
   clientSize = value;
   layoutNeeded = true;
-  damage = {0, 0, value.width, value.height};
+  damage.Add({0, 0, value.width, value.height});
 }
 
 void CPaintManagerUI::LayOut(bool outOfSight) {
@@ -160,8 +160,7 @@ void CPaintManagerUI::Invalidate(const CControlUI& control) {
     seen = seen.Meeting(parent->GetPos());
   }
   if (seen.IsEmpty()) return;
-  damage = damage.Holding(
-      seen.GrownBy(GetPaintReach()).Meeting({0, 0, clientSize.width, clientSize.height}));
+  damage.Add(seen.GrownBy(GetPaintReach()).Meeting({0, 0, clientSize.width, clientSize.height}));
 }
 
 int CPaintManagerUI::GetPaintReach() const {
@@ -170,10 +169,6 @@ int CPaintManagerUI::GetPaintReach() const {
 
 void CPaintManagerUI::NeedReach(int shadow) {
   shadowReach = std::max(shadowReach, shadow + shadow / 4);
-}
-
-Rect CPaintManagerUI::TakeDamage() {
-  return std::exchange(damage, {});
 }
 
 std::filesystem::path CPaintManagerUI::GetSkinFile(const CDuiString& name) const {
@@ -192,7 +187,7 @@ void CPaintManagerUI::LoadTheme(const CDuiString& name) {
 
 void CPaintManagerUI::SetBrightness(Theme::Brightness value) {
   theme.SetBrightness(value);
-  damage = {0, 0, clientSize.width, clientSize.height};
+  damage.Add({0, 0, clientSize.width, clientSize.height});
 }
 
 void CPaintManagerUI::CheckImage(const Image& image, const std::string& place) {
@@ -213,12 +208,12 @@ void CPaintManagerUI::SetTextMeasure(TextMeasure* value) {
     control.wishedHeight.reset();
   });
   layoutNeeded = true;
-  damage = {0, 0, clientSize.width, clientSize.height};
+  damage.Add({0, 0, clientSize.width, clientSize.height});
 }
 
 void CPaintManagerUI::SetScale(double value) {
   scale = value;
-  damage = {0, 0, clientSize.width, clientSize.height};
+  damage.Add({0, 0, clientSize.width, clientSize.height});
 }
 
 void CPaintManagerUI::TakeLookOf(CPaintManagerUI& other) {
@@ -230,7 +225,10 @@ void CPaintManagerUI::TakeLookOf(CPaintManagerUI& other) {
 void CPaintManagerUI::Forget(const CControlUI& control) {
   if (focus == &control) focus = nullptr;
   if (hovered == &control) hovered = nullptr;
-  if (pressed == &control) pressed = nullptr;
+  if (pressed == &control) {
+    pressed = nullptr;
+    drags = false;
+  }
   std::erase_if(timers, [&](const Timer& timer) { return timer.control == &control; });
 }
 

@@ -14,6 +14,7 @@
 #include "platform/duilib/look/theme.h"
 #include "platform/duilib/notify/notify_pump.h"
 #include "platform/duilib/tree/container.h"
+#include "platform/duilib/tree/damage.h"
 #include "platform/duilib/window/text_measure.h"
 
 namespace DuiLib {
@@ -73,8 +74,8 @@ class DUILIB_API CPaintManagerUI {
   int GetPaintReach() const;
   /// A control of the window has a shadow that soft.
   void NeedReach(int shadow);
-  /// What is to be painted anew; empty afterwards.
-  Rect TakeDamage();
+  /// What is to be painted anew; nothing afterwards.
+  std::vector<Rect> TakeDamage() { return damage.Take(); }
 
   // Look and resources
   /// Where layouts and pictures lie. "res" beside the programs at first.
@@ -116,8 +117,14 @@ class DUILIB_API CPaintManagerUI {
   /// The pointer has left the window.
   void OnMouseLeave();
   void OnWheel(Point point, int steps);
+  /// The press does not count: something else took the pointer.
+  void OnPressLost();
   /// The control at a point, or null.
   CControlUI* FindControl(Point point);
+  /// What is told beside a pointer at that point: the hint of the innermost control that has one.
+  CDuiString GetHint(Point point);
+  /// Whether a click at that point follows a link.
+  bool IsLinkAt(Point point);
 
   // For controls
   /// Keeps what is removed while it lives.
@@ -155,7 +162,7 @@ class DUILIB_API CPaintManagerUI {
   bool layoutNeeded = false;
   bool laysOutAll = false;
   std::size_t layouts = 0;
-  Rect damage;
+  Damage damage;
   int shadowReach = 0;
   std::filesystem::path skinFolder;
   Theme theme;
@@ -168,6 +175,7 @@ class DUILIB_API CPaintManagerUI {
   bool showsFocus = false;
   CControlUI* hovered = nullptr;
   CControlUI* pressed = nullptr;
+  bool drags = false;  // what is pressed takes the pointer
 };
 
 }  // namespace DuiLib

@@ -80,6 +80,7 @@ void CPaintManagerUI::Hover(CControlUI* control) {
 }
 
 void CPaintManagerUI::OnMouseMove(Point point) {
+  if (drags && pressed != nullptr) return pressed->OnDrag(point);
   Hover(FindControl(point));
 }
 
@@ -94,20 +95,39 @@ void CPaintManagerUI::OnMouseDown(Point point) {
   if (pressed == nullptr) return;
   SetFocus(pressed);
   pressed->Invalidate();
+  drags = pressed->OnPress(point);
+}
+
+void CPaintManagerUI::OnPressLost() {
+  if (pressed != nullptr) pressed->Invalidate();
+  pressed = nullptr;
+  drags = false;
 }
 
 // The press counts for what it began on, and only if it ends there.
 void CPaintManagerUI::OnMouseUp(Point point) {
   const Delivery delivery(this);
   CControlUI* const began = pressed;
-  pressed = nullptr;
+  const bool dragged = drags;
+  OnPressLost();
   OnMouseMove(point);
-  if (began == nullptr) return;
-  began->Invalidate();
-  if (began != hovered || !began->IsUsable()) return;
+  if (began == nullptr || dragged || began != hovered || !began->IsUsable()) return;
   for (CControlUI* control = began; control != nullptr; control = control->GetParent()) {
     if (control->OnClick(point)) return;
   }
+}
+
+CDuiString CPaintManagerUI::GetHint(Point point) {
+  CControlUI* control = FindControl(point);
+  for (; control != nullptr; control = control->GetParent()) {
+    if (CDuiString hint = control->GetHint(); !hint.empty()) return hint;
+  }
+  return {};
+}
+
+bool CPaintManagerUI::IsLinkAt(Point point) {
+  CControlUI* const control = FindControl(point);
+  return control != nullptr && control->IsUsable() && control->IsLinkAt(point);
 }
 
 void CPaintManagerUI::OnWheel(Point point, int steps) {

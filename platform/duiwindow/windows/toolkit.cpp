@@ -1,5 +1,6 @@
 #include "platform/duiwindow/toolkit.h"
 
+#include <wx/app.h>
 #include <wx/fontenum.h>
 #include <wx/init.h>
 #include <wx/log.h>
@@ -36,6 +37,7 @@ const Face& FaceFor(bool wide) {
 
 void StartToolkit() {
   wxLog::EnableLogging(false);
+  wxApp::SetInstance(new wxApp);  // else one that knows no windows is made
   wxInitialize();
 }
 

@@ -1,5 +1,6 @@
 #include "platform/os/interrupt.h"
 
+#include <poll.h>
 #include <sys/eventfd.h>
 
 #include <atomic>
@@ -37,6 +38,12 @@ void ResetInterruptEvent() {
 
 int InterruptEvent() {
   return interruptEvent;
+}
+
+void WaitForInterrupt() {
+  pollfd wait{InterruptEvent(), POLLIN, 0};
+  while (poll(&wait, 1, -1) < 0 && errno == EINTR) {
+  }
 }
 
 void OnInterrupt(void (*handler)(), int exitStatus) {

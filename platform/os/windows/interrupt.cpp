@@ -46,6 +46,10 @@ HANDLE InterruptEvent() {
   return event.Get();
 }
 
+void WaitForInterrupt() {
+  WaitForSingleObject(InterruptEvent(), INFINITE);
+}
+
 void OnInterrupt(void (*handler)(), int exitStatus) {
   ResetEvent(InterruptEvent());
   firstInterrupt = handler;

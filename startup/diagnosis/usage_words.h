@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <string>
 
-namespace cli {
+namespace startup {
 
 /// Has the headings of help in the language in force. Before anything is added to the parser.
 void SpeakInHelp(CLI::App& app);
@@ -11,4 +11,4 @@ void SpeakInHelp(CLI::App& app);
 /// Says in the language in force what is wrong with a command line.
 std::string UsageWords(const CLI::App& app, const CLI::ParseError& error);
 
-}  // namespace cli
+}  // namespace startup

@@ -1,16 +1,13 @@
-#include "cli/usage_words.h"
+#include "startup/diagnosis/usage_words.h"
 
 #include <array>
 #include <string_view>
 
-#include "cli/texts.h"
 #include "startup/command_line.h"
 #include "startup/diagnosis/help_text.h"
 
-namespace cli {
+namespace startup {
 namespace {
-
-using startup::HelpText;
 
 // Words of the parser's own in a help text.
 struct LabelRow {
@@ -45,7 +42,7 @@ std::string FaultText(const std::string& said) {
   for (const auto& [between, id] : kFaults) {
     const std::size_t at = said.find(between);
     if (at != std::string::npos)
-      return Message(id, {said.substr(0, at), said.substr(at + between.size())});
+      return HelpText(id, {said.substr(0, at), said.substr(at + between.size())});
   }
   return said;
 }
@@ -59,10 +56,10 @@ void SpeakInHelp(CLI::App& app) {
 }
 
 std::string UsageWords(const CLI::App& app, const CLI::ParseError& error) {
-  const std::string unknown = startup::UnknownWord(app);
+  const std::string unknown = UnknownWord(app);
   const std::string fault =
-      unknown.empty() ? FaultText(error.what()) : Message(L"UNKNOWN_WORD", {unknown});
-  return Message(L"SEE_HELP", {fault, app.get_name() + " --help"});
+      unknown.empty() ? FaultText(error.what()) : HelpText(L"UNKNOWN_WORD", {unknown});
+  return HelpText(L"SEE_HELP", {fault, app.get_name() + " --help"});
 }
 
-}  // namespace cli
+}  // namespace startup
