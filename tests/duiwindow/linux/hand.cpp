@@ -43,7 +43,7 @@ void StartDisplay() {
   static std::unique_ptr<RunningProgram> server;
   if (server) return;
   server = std::make_unique<RunningProgram>(
-      std::vector<std::string>{"/usr/bin/Xvfb", "-displayfd", "1", "-screen", "0", "1600x1200x24",
+      std::vector<std::string>{"/usr/bin/Xvfb", "-displayfd", "1", "-screen", "0", "2000x1400x24",
                                "-nolisten", "tcp", "-noreset"},
       folder.path / "errors");
   std::string display;
