@@ -1,6 +1,7 @@
 #include "tests/duiwindow/hand.h"
 
 #include <X11/Xlib.h>
+#include <gtk/gtk.h>
 
 #include <cstdlib>
 #include <memory>
@@ -52,6 +53,11 @@ void StartDisplay() {
   }
   setenv("DISPLAY", (":" + display.substr(0, display.find('\n'))).c_str(), 1);
   setenv("GDK_BACKEND", "x11", 1);
+}
+
+void AskForDark(bool dark) {
+  g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme",
+               static_cast<gboolean>(dark), nullptr);
 }
 
 void Hand::Move(DuiLib::Point place) const {
