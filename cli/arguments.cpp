@@ -12,6 +12,7 @@
 #include "platform/machine/interface/parts.h"
 #include "startup/command_line.h"
 #include "startup/diagnosis/help_text.h"
+#include "startup/diagnosis/usage_words.h"
 
 namespace cli {
 namespace {

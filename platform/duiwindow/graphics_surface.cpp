@@ -4,10 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "platform/duiwindow/graphics_colour.h"
-#include "platform/duiwindow/wide.h"
 
 namespace duiwindow {
 namespace {
@@ -22,22 +20,6 @@ int Rounded(double dots) {
 
 double FittingRadius(double radius, const wxRect& rect) {
   return std::min({radius, rect.width / 2.0, rect.height / 2.0});
-}
-
-// Words with the blanks behind them, and single wide characters.
-std::vector<std::wstring_view> WordsOf(std::wstring_view text) {
-  std::vector<std::wstring_view> words;
-  std::size_t begin = 0;
-  for (std::size_t at = 1; at < text.size(); ++at) {
-    const bool isSecondHalf = text[at] >= 0xDC00 && text[at] <= 0xDFFF;
-    const bool begins = text[at] != L' ' && text[at - 1] == L' ';
-    const bool isWide = IsWide(text[at]) || IsWide(text[at - 1]);
-    if (isSecondHalf || !(begins || isWide)) continue;
-    words.push_back(text.substr(begin, at - begin));
-    begin = at;
-  }
-  words.push_back(text.substr(begin));
-  return words;
 }
 
 }  // namespace
@@ -127,28 +109,13 @@ void GraphicsSurface::DrawPicture(const std::filesystem::path& file, const DuiLi
                      size.x, size.y);
 }
 
-// Letters of another size are not exactly that much wider: what differs is shared out between the
-// words, so that the text is as wide as it was measured.
 void GraphicsSurface::DrawText(std::wstring_view text, const DuiLib::Font& font, std::uint32_t argb,
                                DuiLib::Point start) {
   if (text.empty() || ShowsNothing(argb)) return;
-  const bool wide = Texts::HasWide(text);
-  const int baseline = DownDots(start.y);
-  double left = AcrossDots(start.x);
-  context.SetFont(paints.texts.FontAt(scale, font, wide, argb));
-  const std::vector<std::wstring_view> words = WordsOf(text);
-  double ownWidth = 0;
-  for (const std::wstring_view word : words) {
-    ownWidth += paints.texts.ExtentAt(scale, font, wide, word).width;
-  }
-  const double rest = paints.texts.MeasuredWidth(font, wide, text) * scale - ownWidth;
-  const double gap = words.size() == 1 ? 0 : rest / static_cast<double>(words.size() - 1);
-  for (const std::wstring_view word : words) {
-    // Letters of different faces stand at different heights in their texts.
-    const Texts::Extent own = paints.texts.ExtentAt(scale, font, wide, word);
-    context.DrawText(wxString(word.data(), word.size()), left, baseline - Rounded(own.ascent));
-    left += own.width + gap;
-  }
+  const Lettering& set = paints.letterings.Of(text, font, scale, argb);
+  if (set.bitmap.IsNull()) return;
+  context.DrawBitmap(set.bitmap, AcrossDots(start.x) - set.left, DownDots(start.y) - set.ascent,
+                     set.size.x, set.size.y);
 }
 
 }  // namespace duiwindow

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/duiwindow/letterings.h"
 #include "platform/duiwindow/pictures.h"
 #include "platform/duiwindow/shadows.h"
 #include "platform/duiwindow/texts.h"
@@ -9,6 +10,7 @@ namespace duiwindow {
 /// What is kept from one painting to the next.
 struct Paints {
   Texts texts;
+  Letterings letterings{texts};
   Pictures pictures;
   Shadows shadows;
 };

@@ -236,6 +236,20 @@ TEST_F(DesktopTest, ThePersonClosesItAndMayBeAskedFirst) {
   EXPECT_EQ(window, nullptr);
 }
 
+TEST_F(DesktopTest, TellsWhenTheSystemChangesBetweenLightAndDark) {
+  AskForDark(false);
+  RunUntil([&] { return !desktop.IsDark(); });
+  std::vector<bool> told;
+  desktop.darkChanged = [&] { told.push_back(desktop.IsDark()); };
+  AskForDark(true);
+  RunUntil([&] { return desktop.IsDark(); });
+  AskForDark(true);
+  AskForDark(false);
+  RunUntil([&] { return !desktop.IsDark(); });
+  EXPECT_EQ(told, (std::vector<bool>{true, false}));
+  desktop.darkChanged = nullptr;
+}
+
 class SampleDialog final : public WindowImplBase {
  public:
   CDuiString GetWindowClassName() const override { return L"SampleDialog"; }

@@ -9,6 +9,9 @@
 /// A display without a screen, for this process, where there is none of the system's own.
 void StartDisplay();
 
+/// Has the system ask for dark windows, or for light ones.
+void AskForDark(bool dark);
+
 /// What a person does in a window of that title, and sees: by the input of the system, not by calls
 /// of the window. Points are dots of the window's content.
 class Hand {

@@ -79,13 +79,29 @@ void CListUI::Arrange() {
     const int left =
         view.left + sides.left + Before(GetChildAlign(), view.Width() - sides.Across(), width);
     top += sides.top;
-    const Rect place{left, top, left + width, top + height};
-    if (all || (place.bottom > view.top && place.top < view.bottom)) {
-      row->SetPos(place);
-    } else {
-      row->SetPosOutOfSight(place);
-    }
+    PlaceRow(*row, {left, top, left + width, top + height}, all);
     top += height + sides.bottom + GetChildPadding();
+  }
+}
+
+void CListUI::PlaceRow(CControlUI& row, const Rect& place, bool inAnyCase) const {
+  const Rect view = InnerRect();
+  if (inAnyCase || (place.bottom > view.top && place.top < view.bottom)) {
+    row.SetPos(place);
+  } else {
+    row.SetPosOutOfSight(place);
+  }
+}
+
+// Rows that are laid out only move: nothing is measured again, however many there are.
+void CListUI::MoveTo(int position) {
+  const int way = position - scrollPos;
+  scrollPos = position;
+  Invalidate();
+  if (needsLayout || GetManager() == nullptr) return NeedLayout();
+  for (std::size_t index = 0; index < GetCount(); ++index) {
+    CControlUI& row = *GetItemAt(index);
+    if (row.IsVisible()) PlaceRow(row, row.GetPos().MovedBy(0, -way), false);
   }
 }
 
@@ -151,10 +167,7 @@ void CListUI::SetScrollPos(int position) {
   if (GetManager() != nullptr) GetManager()->KillOwnTimer(this, kScrollTimer);
   position = std::clamp(position, 0, GetScrollRange());
   scrollTarget = position;
-  if (position == scrollPos) return;
-  scrollPos = position;
-  NeedLayout();
-  Invalidate();
+  if (position != scrollPos) MoveTo(position);
 }
 
 void CListUI::ScrollSmoothlyTo(int position) {
@@ -167,11 +180,8 @@ void CListUI::ScrollSmoothlyTo(int position) {
 void CListUI::OnOwnTimer(std::size_t) {
   const int target = std::clamp(scrollTarget, 0, GetScrollRange());
   const int way = target - scrollPos;
-  const int step = way / 3 != 0 ? way / 3 : std::clamp(way, -1, 1);
-  scrollPos += step;
+  MoveTo(scrollPos + (way / 3 != 0 ? way / 3 : std::clamp(way, -1, 1)));
   if (scrollPos == target) GetManager()->KillOwnTimer(this, kScrollTimer);
-  NeedLayout();
-  Invalidate();
 }
 
 void CListUI::EnsureVisible(std::size_t index) {

@@ -60,6 +60,8 @@ class DUILIB_API CListUI : public CContainerUI {
 
   std::optional<Track> ScrollTrack();
   int ContentHeight(int width);
+  void PlaceRow(CControlUI& row, const Rect& place, bool inAnyCase) const;
+  void MoveTo(int position);
   void LayOutNow();
   std::size_t NextUsable(std::size_t from, bool forward) const;
   std::size_t Target(Key key) const;

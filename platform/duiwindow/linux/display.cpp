@@ -7,6 +7,7 @@
 #include <wx/app.h>
 #include <wx/init.h>
 
+#include <memory>
 #include <string_view>
 
 #include "common/log.h"
@@ -52,17 +53,16 @@ bool ConnectDisplay(std::string& reason) {
   return false;
 }
 
+// From where it was pressed, not from where the pointer is by now.
 void DragWindow(wxTopLevelWindow& window) {
-  GtkWidget* const widget = window.GetHandle();
-  GdkWindow* const inner = gtk_widget_get_window(widget);
-  if (inner == nullptr) return;
-  GdkDevice* const pointer =
-      gdk_seat_get_pointer(gdk_display_get_default_seat(gdk_window_get_display(inner)));
-  gint x = 0;
-  gint y = 0;
-  gdk_device_get_position(pointer, nullptr, &x, &y);
-  gtk_window_begin_move_drag(GTK_WINDOW(widget), GDK_BUTTON_PRIMARY, x, y,
-                             gtk_get_current_event_time());
+  const std::unique_ptr<GdkEvent, void (*)(GdkEvent*)> event(gtk_get_current_event(),
+                                                             gdk_event_free);
+  gdouble x = 0;
+  gdouble y = 0;
+  if (!event || !gdk_event_get_root_coords(event.get(), &x, &y)) return;
+  gtk_window_begin_move_drag(GTK_WINDOW(window.GetHandle()), GDK_BUTTON_PRIMARY,
+                             static_cast<gint>(x), static_cast<gint>(y),
+                             gdk_event_get_time(event.get()));
 }
 
 bool TellsPlaces() {

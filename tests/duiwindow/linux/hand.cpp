@@ -1,6 +1,7 @@
 #include "tests/duiwindow/hand.h"
 
 #include <X11/Xlib.h>
+#include <gtk/gtk.h>
 
 #include <cstdlib>
 #include <memory>
@@ -43,7 +44,7 @@ void StartDisplay() {
   static std::unique_ptr<RunningProgram> server;
   if (server) return;
   server = std::make_unique<RunningProgram>(
-      std::vector<std::string>{"/usr/bin/Xvfb", "-displayfd", "1", "-screen", "0", "1600x1200x24",
+      std::vector<std::string>{"/usr/bin/Xvfb", "-displayfd", "1", "-screen", "0", "2000x1400x24",
                                "-nolisten", "tcp", "-noreset"},
       folder.path / "errors");
   std::string display;
@@ -52,6 +53,11 @@ void StartDisplay() {
   }
   setenv("DISPLAY", (":" + display.substr(0, display.find('\n'))).c_str(), 1);
   setenv("GDK_BACKEND", "x11", 1);
+}
+
+void AskForDark(bool dark) {
+  g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme",
+               static_cast<gboolean>(dark), nullptr);
 }
 
 void Hand::Move(DuiLib::Point place) const {

@@ -33,6 +33,14 @@ void SendMouse(DWORD flags, int data = 0) {
 
 void StartDisplay() {}
 
+void AskForDark(bool dark) {
+  const DWORD light = dark ? 0 : 1;
+  RegSetKeyValueW(HKEY_CURRENT_USER,
+                  L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
+                  L"AppsUseLightTheme", REG_DWORD, &light, sizeof light);
+  PostMessageW(HWND_BROADCAST, WM_SETTINGCHANGE, 0, 0);
+}
+
 DuiLib::Point Hand::Place() const {
   POINT corner{};
   ClientToScreen(WindowOf(title), &corner);
