@@ -38,7 +38,7 @@ void AskForDark(bool dark) {
   RegSetKeyValueW(HKEY_CURRENT_USER,
                   L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
                   L"AppsUseLightTheme", REG_DWORD, &light, sizeof light);
-  PostMessageW(HWND_BROADCAST, WM_SETTINGCHANGE, 0, 0);
+  SendNotifyMessageW(HWND_BROADCAST, WM_SETTINGCHANGE, 0, 0);
 }
 
 DuiLib::Point Hand::Place() const {
