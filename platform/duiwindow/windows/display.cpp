@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <wx/msw/private.h>
-#include <wx/window.h>
 
 #include "platform/duiwindow/toolkit.h"
 
@@ -15,9 +14,9 @@ std::function<void()>& Changed() {
   return changed;
 }
 
-bool OnSetting(wxWindowMSW*, WXUINT, WXWPARAM, WXLPARAM) {
-  if (Changed()) Changed()();
-  return false;  // others may hear it too
+LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_SETTINGCHANGE && Changed()) Changed()();
+  return DefWindowProcW(window, message, first, second);
 }
 
 }  // namespace
@@ -54,7 +53,11 @@ bool AsksForDark() {
 
 void WatchDark(std::function<void()> changed) {
   Changed() = std::move(changed);
-  wxWindow::MSWRegisterMessageHandler(WM_SETTINGCHANGE, OnSetting);
+  // The toolkit keeps the message to itself. A hidden window hears it, one for messages only does
+  // not.
+  const HWND listener = CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
+                                        nullptr, nullptr, nullptr);
+  SetWindowLongPtrW(listener, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&OnMessage));
 }
 
 }  // namespace duiwindow

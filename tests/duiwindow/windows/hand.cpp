@@ -38,7 +38,12 @@ void AskForDark(bool dark) {
   RegSetKeyValueW(HKEY_CURRENT_USER,
                   L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
                   L"AppsUseLightTheme", REG_DWORD, &light, sizeof light);
-  PostMessageW(HWND_BROADCAST, WM_SETTINGCHANGE, 0, 0);
+  // As the system tells every window.
+  const auto tell = [](HWND window, LPARAM) -> BOOL {
+    SendMessageW(window, WM_SETTINGCHANGE, 0, 0);
+    return TRUE;
+  };
+  EnumThreadWindows(GetCurrentThreadId(), tell, 0);
 }
 
 DuiLib::Point Hand::Place() const {
