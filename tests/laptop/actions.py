@@ -1,4 +1,4 @@
-"""What can be done to the laptop: each takes the words behind its name, and gives lines of shell."""
+"""What can be done to the laptop: each takes the words behind its name and gives lines of shell."""
 
 # Where each part hangs and which driver it has there.
 PARTS = {
@@ -17,7 +17,7 @@ SIGNS = {
     "wireless": "/sys/class/net/wlan0",
     "disk": "/sys/block/sda",
 }
-# The places of the battery's firmware (battery.asl), and how long the kernel keeps what it read there.
+# The places of the battery's firmware (battery.asl), and how long the kernel keeps what it read.
 BATTERY = {"voltage": 0xFF000000, "full": 0xFF000004, "gone": 0xFF000008}
 BATTERY_IS_READ_AFTER = 1.1  # seconds
 
@@ -41,7 +41,8 @@ def unbind(part):
 
 def bind(part):
     bus, device, driver = PARTS[part]
-    return write(device, f"/sys/bus/{bus}/drivers/{driver}/bind") + "; " + (until_there(part) or "true")
+    bound = write(device, f"/sys/bus/{bus}/drivers/{driver}/bind")
+    return f"{bound} && {until_there(part) or 'true'}"
 
 
 def battery(name, value):
@@ -80,4 +81,6 @@ def mixer(control, *settings):
     return f"amixer -q -c0 sset {control} {' '.join(settings)}"
 
 
-ACTIONS = {action.__name__: action for action in (unbind, bind, battery, switch, plug, unplug, mixer)}
+ACTIONS = {
+    action.__name__: action for action in (unbind, bind, battery, switch, plug, unplug, mixer)
+}

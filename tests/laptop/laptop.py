@@ -1,4 +1,4 @@
-"""The laptop: simulated hardware on which Debian's kernel runs, and what can be done to it."""
+"""The laptop: simulated hardware on which Debian's kernel runs. What breaks it is in actions.py."""
 import json
 import os
 import shlex
@@ -11,6 +11,7 @@ import actions
 BOOT_LIMIT = 180  # seconds
 COMMAND_LIMIT = 240
 END_OF_OUTPUT = b"\x1e"
+ENDS_OF_PROGRAM = (0, 1, 5)  # normal, abnormal, not all could be tested
 
 # What the buses of a machine announce, and the radios, which are on none.
 MODULES = ("bochs snd_hda_intel snd_hda_codec_generic e1000 nvme ahci sd_mod battery evdev "
@@ -20,7 +21,8 @@ HARDWARE = [
     "-smbios", "type=0,vendor=Sample Firmware,version=L14.007,date=05/02/2026",
     "-smbios", "type=1,manufacturer=Sample Works,product=LARK 14,version=2,serial=L-000017",
     "-smbios", "type=2,manufacturer=Sample Works,product=LARK-MB,version=B3,serial=M-000018",
-    "-smbios", "type=17,loc_pfx=DIMM,bank=BANK,manufacturer=Kestrel,serial=K-0019,part=KS-3200,speed=3200",
+    "-smbios", "type=17,loc_pfx=DIMM,bank=BANK,manufacturer=Kestrel,serial=K-0019,part=KS-3200,"
+               "speed=3200",
     "-device", "VGA,id=video,addr=0x12,edid=on,xres=1920,yres=1080",
     "-audiodev", "none,id=nowhere",
     "-device", "ich9-intel-hda,id=sound,addr=0x13", "-device", "hda-duplex,audiodev=nowhere",
@@ -29,9 +31,10 @@ HARDWARE = [
     "-blockdev", "null-co,node-name=flash,size=256060514304,read-zeroes=on",
     "-device", "nvme,id=ssd,addr=0x15,drive=flash,serial=S-000020",
     "-blockdev", "null-co,node-name=platter,size=500107862016,read-zeroes=on",
-    "-device", "ide-hd,bus=ide.0,drive=platter,model=SAMPLE HD500,serial=H-000021,ver=HD01,rotation_rate=5400",
+    "-device", "ide-hd,bus=ide.0,drive=platter,model=SAMPLE HD500,serial=H-000021,ver=HD01,"
+               "rotation_rate=5400",
     "-device", "pc-testdev",
-]  # fmt: skip
+]
 
 # What stands before a program that such a user starts.
 USERS = {
@@ -50,6 +53,7 @@ class Laptop:
     def __init__(self, built, app):
         self.sockets = tempfile.TemporaryDirectory(prefix="laptop-")
         self.built, self.app = built, app
+        self.console = f"{built}/console.txt"
 
     def __enter__(self):
         listeners = {name: self._listen(name) for name in ("commands", "monitor")}
@@ -89,7 +93,8 @@ class Laptop:
 
     def _command_line(self):
         def folder(name, path):
-            return ["-fsdev", f"local,id={name},path={path},security_model=none,readonly=on,multidevs=remap",
+            return ["-fsdev", f"local,id={name},path={path},security_model=none,readonly=on,"
+                              "multidevs=remap",
                     "-device", f"virtio-9p-pci,fsdev={name},mount_tag={name}"]
 
         return ["qemu-system-x86_64", "-machine", "q35,usb=off", "-accel", "tcg,thread=multi",
@@ -97,14 +102,16 @@ class Laptop:
                 "-display", "none", "-no-reboot",
                 "-kernel", f"{self.built}/kernel", "-initrd", f"{self.built}/initrd",
                 "-append", "console=ttyS0 quiet mitigations=off iomem=relaxed panic=-1",
-                "-chardev", f"file,id=console,path={self.built}/console.txt", "-serial", "chardev:console",
+                "-chardev", f"file,id=console,path={self.console}", "-serial", "chardev:console",
                 "-chardev", f"socket,id=commands,path={self._path('commands')}",
                 "-device", "virtio-serial-pci", "-device", "virtserialport,chardev=commands",
                 "-chardev", f"socket,id=monitor,path={self._path('monitor')}",
                 "-mon", "chardev=monitor,mode=control",
-                *folder("host", "/"), *folder("added", f"{self.built}/added"), *folder("app", self.app),
-                "-acpitable", f"file={self.built}/battery.aml", "-smbios", f"file={self.built}/chassis",
-                *HARDWARE]  # fmt: skip
+                *folder("host", "/"), *folder("added", f"{self.built}/added"),
+                *folder("app", self.app),
+                "-acpitable", f"file={self.built}/battery.aml",
+                "-smbios", f"file={self.built}/chassis",
+                *HARDWARE]
 
     def _read_until(self, end):
         text = b""
@@ -112,9 +119,9 @@ class Laptop:
             try:
                 read = self.commands.recv(65536)
             except TimeoutError:
-                raise Fault(f"the laptop gives no answer: {text[-500:]!r}") from None
+                raise Fault(f"the laptop gives no answer, see {self.console}") from None
             if not read:
-                raise Fault("the laptop has gone off")
+                raise Fault(f"the laptop has gone off, see {self.console}")
             text += read
         return text
 
@@ -136,7 +143,10 @@ class Laptop:
         self.monitor.write(json.dumps({"execute": command, "arguments": arguments}) + "\n")
         self.monitor.flush()
         while True:
-            answer = json.loads(self.monitor.readline())
+            line = self.monitor.readline()
+            if not line:
+                raise Fault(f"the laptop has gone off, see {self.console}")
+            answer = json.loads(line)
             if "error" in answer:
                 raise Fault(f"{command}: {answer['error']['desc']}")
             if "return" in answer:
@@ -144,8 +154,11 @@ class Laptop:
 
     def run_program(self, arguments, user="root"):
         """The objects that the program prints as JSON."""
-        line = [*USERS[user], "/app/sysdiagnose", "--json", "--lang", "ids", "--data-dir", f"/tmp/{user}"]
-        output, _ = self.call(shlex.join([*line, *arguments]))
+        options = ["--json", "--lang", "ids", "--data-dir", f"/tmp/{user}"]
+        line = [*USERS[user], "/app/sysdiagnose", *options, *arguments]
+        output, status = self.call(shlex.join(line))
+        if status not in ENDS_OF_PROGRAM:
+            raise Fault(f"the program ended with {status}: {output[-500:]}")
         try:
             return [json.loads(text) for text in output.splitlines()]
         except ValueError:
