@@ -23,11 +23,11 @@ BATTERY_IS_READ_AFTER = 1.1  # seconds
 
 
 def wait_for(test):
-    return f"for i in $(seq 100); do {test} && break; busybox usleep 100000; done; {test}"
+    return f"{{ for i in $(seq 100); do {test} && break; busybox usleep 100000; done; {test}; }}"
 
 
 def until_there(*names):
-    return "; ".join(wait_for(f"[ -e {SIGNS[name]} ]") for name in names if name in SIGNS)
+    return " && ".join(wait_for(f"[ -e {SIGNS[name]} ]") for name in names if name in SIGNS)
 
 
 def write(text, file):
@@ -81,6 +81,12 @@ def mixer(control, *settings):
     return f"amixer -q -c0 sset {control} {' '.join(settings)}"
 
 
+def poison():
+    """A page of the memory that the next run tests is lost while it does."""
+    return "modprobe hwpoison_inject && { python3 /laptop/poison.py >/dev/null 2>&1 & }"
+
+
 ACTIONS = {
-    action.__name__: action for action in (unbind, bind, battery, switch, plug, unplug, mixer)
+    action.__name__: action
+    for action in (unbind, bind, battery, switch, plug, unplug, mixer, poison)
 }

@@ -108,7 +108,7 @@ class Laptop:
                 "-chardev", f"socket,id=monitor,path={self._path('monitor')}",
                 "-mon", "chardev=monitor,mode=control",
                 *folder("host", "/"), *folder("added", f"{self.built}/added"),
-                *folder("app", self.app),
+                *folder("app", self.app), *folder("laptop", os.path.dirname(os.path.abspath(__file__))),
                 "-acpitable", f"file={self.built}/battery.aml",
                 "-smbios", f"file={self.built}/chassis",
                 *HARDWARE]
