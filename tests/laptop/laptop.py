@@ -101,7 +101,7 @@ class Laptop:
                 "-cpu", "Westmere", "-smp", "2", "-m", "2048", "-nodefaults", "-no-user-config",
                 "-display", "none", "-no-reboot",
                 "-kernel", f"{self.built}/kernel", "-initrd", f"{self.built}/initrd",
-                "-append", "console=ttyS0 quiet mitigations=off iomem=relaxed panic=-1",
+                "-append", "console=ttyS0 quiet mitigations=off no_timer_check iomem=relaxed panic=-1",
                 "-chardev", f"file,id=console,path={self.console}", "-serial", "chardev:console",
                 "-chardev", f"socket,id=commands,path={self._path('commands')}",
                 "-device", "virtio-serial-pci", "-device", "virtserialport,chardev=commands",
