@@ -8,6 +8,7 @@ import tempfile
 
 import actions
 
+HERE = os.path.dirname(os.path.abspath(__file__))
 BOOT_LIMIT = 180  # seconds
 COMMAND_LIMIT = 240
 END_OF_OUTPUT = b"\x1e"
@@ -101,14 +102,15 @@ class Laptop:
                 "-cpu", "Westmere", "-smp", "2", "-m", "2048", "-nodefaults", "-no-user-config",
                 "-display", "none", "-no-reboot",
                 "-kernel", f"{self.built}/kernel", "-initrd", f"{self.built}/initrd",
-                "-append", "console=ttyS0 quiet mitigations=off no_timer_check iomem=relaxed panic=-1",
+                "-append", "console=ttyS0 quiet mitigations=off no_timer_check iomem=relaxed "
+                           "panic=-1",
                 "-chardev", f"file,id=console,path={self.console}", "-serial", "chardev:console",
                 "-chardev", f"socket,id=commands,path={self._path('commands')}",
                 "-device", "virtio-serial-pci", "-device", "virtserialport,chardev=commands",
                 "-chardev", f"socket,id=monitor,path={self._path('monitor')}",
                 "-mon", "chardev=monitor,mode=control",
                 *folder("host", "/"), *folder("added", f"{self.built}/added"),
-                *folder("app", self.app), *folder("laptop", os.path.dirname(os.path.abspath(__file__))),
+                *folder("app", self.app), *folder("laptop", HERE),
                 "-acpitable", f"file={self.built}/battery.aml",
                 "-smbios", f"file={self.built}/chassis",
                 *HARDWARE]
