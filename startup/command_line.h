@@ -15,6 +15,7 @@ std::string EnglishUsageWords(const CLI::App& app, const CLI::ParseError& error)
 
 /// Parses a program's command line. Throws UsageError. Returns false when help or the version was
 /// asked for and printed.
-bool Parse(CLI::App& app, int argc, const char* const* argv, UsageSpeaker words = &EnglishUsageWords);
+bool Parse(CLI::App& app, int argc, const char* const* argv,
+           UsageSpeaker words = &EnglishUsageWords);
 
 }  // namespace startup

@@ -26,8 +26,8 @@ class Painter;
 namespace manager {
 
 struct DriveOptions : ManagerOptions {
-  std::filesystem::path script;  // empty: standard input
-  bool simpleText = false;       // do without the painter
+  std::filesystem::path script;                                    // empty: standard input
+  bool simpleText = false;                                         // do without the painter
   std::chrono::milliseconds waitLimit = std::chrono::seconds(60);  // in real time
 };
 

@@ -224,8 +224,7 @@ TEST_F(ControlsTest, DamageIsWhatCanBeSeenOfWhatChanged) {
   EXPECT_EQ(window.Manager().TakeDamage(), (std::vector{Rect{0, 50, 30, 70}}));
   Get<CControlUI>(L"a").SetBackground(0xFFFFFFFF);
   Get<CControlUI>(L"b").SetBackground(0xFFFFFFFF);
-  EXPECT_EQ(window.Manager().TakeDamage(),
-            (std::vector{Rect{0, 0, 10, 50}, Rect{0, 50, 30, 70}}));
+  EXPECT_EQ(window.Manager().TakeDamage(), (std::vector{Rect{0, 0, 10, 50}, Rect{0, 50, 30, 70}}));
   EXPECT_TRUE(window.Manager().TakeDamage().empty());
 }
 
