@@ -9,7 +9,7 @@
 namespace {
 
 HWND WindowOf(const std::string& title) {
-  for (int tries = 0; tries < 1000; ++tries) {
+  for (int tries = 0; tries < 10000; ++tries) {
     const HWND window = FindWindowA(nullptr, title.c_str());
     if (window != nullptr && IsWindowVisible(window)) return window;
     Sleep(1);  // until another thread has opened it
